@@ -1,0 +1,110 @@
+#pragma once
+
+#include "data/error.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+#include <string_view>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+/// A prepared statement: streams the rows of a query, or is run again and again with other values.
+class Statement
+{
+public:
+    Statement(Statement &&other) noexcept;
+    Statement &operator=(Statement &&other) noexcept;
+    ~Statement();
+
+    /// Moves to the next row; false when there is none, or the statement yields no rows. Throws Error.
+    bool step();
+    /// Makes the statement ready to run again; bound values stay.
+    void reset();
+    /// Parameters count from 1.
+    void bind(int parameter, const QString &value);
+    void bind(int parameter, qint64 value);
+
+    int columnCount() const;
+    /// Columns count from 0.
+    QString columnName(int column) const;
+    bool isNull(int column) const;
+    /// The value as the program's text: a number with a fraction has a decimal comma. Null is empty.
+    QString text(int column) const;
+    /// The value in UTF-8, without a copy, as the store holds it. Valid until the next step().
+    std::string_view utf8(int column) const;
+    qint64 integer(int column) const;
+
+private:
+    friend class Connection;
+    Statement(sqlite3 *database, sqlite3_stmt *handle);
+
+    sqlite3 *m_database = nullptr;
+    sqlite3_stmt *m_handle = nullptr;
+};
+
+/// The one door to the store: an open, keyed database file. Texts are in the program's dialect unless a function
+/// says otherwise. Every failure is an Error with a text for the user.
+class Connection
+{
+public:
+    /// Opens an existing database file for reading and writing; never creates or changes anything on disk.
+    /// Throws Error::Kind::Open when the file is missing, is a folder, is empty, truncated, or no database, when
+    /// the password is wrong, or where the place does not allow writing.
+    static std::unique_ptr<Connection> open(const QString &path, const QString &password);
+    /// Creates a new, empty database file; throws when something is there already. For the delivered file and
+    /// for tests.
+    static std::unique_ptr<Connection> create(const QString &path, const QString &password);
+    ~Connection();
+
+    Connection(const Connection &) = delete;
+    Connection &operator=(const Connection &) = delete;
+
+    QString path() const { return m_path; }
+    /// True while the path still leads to the file that was opened.
+    bool isCurrent() const;
+
+    /// Runs one statement and returns how many rows it changed.
+    int execute(const QString &sql);
+    /// Prepares one statement of the program's dialect.
+    Statement prepare(const QString &sql);
+    /// Prepares one statement of the store's own dialect, with "?" parameters.
+    Statement prepareNative(const QByteArray &sql);
+    /// Runs any number of statements of the store's own dialect.
+    void executeNative(const QByteArray &sql);
+
+    bool inTransaction() const;
+    qint64 lastInsertedRow() const;
+    /// How long a write waits for another process before it gives up; 10 s unless set.
+    void setBusyTimeout(int milliseconds);
+
+private:
+    explicit Connection(QString path);
+    void key(const QString &password);
+    void pinFormat();
+    void registerFunctions();
+    void checkUsable();
+
+    QString m_path;
+    sqlite3 *m_database = nullptr;
+    quint64 m_device = 0;
+    quint64 m_inode = 0;
+};
+
+/// Takes the write lock at once and rolls back unless commit() was reached.
+class Transaction
+{
+public:
+    explicit Transaction(Connection &connection);
+    ~Transaction();
+    Transaction(const Transaction &) = delete;
+    Transaction &operator=(const Transaction &) = delete;
+
+    void commit();
+
+private:
+    Connection &m_connection;
+    bool m_open = true;
+};

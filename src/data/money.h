@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+#include <compare>
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// An exact decimal with four places, kept as a 64-bit count of ten-thousandths. It holds amounts of money and
+/// quantities alike. Range: about ±922 trillion; arithmetic that leaves the range throws Error::Kind::Data.
+class Money
+{
+public:
+    constexpr Money() = default;
+    static constexpr Money fromTenThousandths(qint64 units) { return Money(units); }
+    static Money fromInteger(qint64 whole);
+
+    /// Reads Brazilian text: "R$ 1.234,56", "-0,5", "1500". Currency symbols and blanks around the number are
+    /// passed over, "." groups digits and is ignored, "," starts the decimals; digits past the fourth decimal
+    /// round half away from zero. No number, or one out of range, gives nothing.
+    static std::optional<Money> parse(QStringView text);
+    static std::optional<Money> parse(std::string_view utf8);
+    /// As parse(), for text that a table holds: what is not a number counts as zero.
+    static Money stored(std::string_view utf8) { return parse(utf8).value_or(Money()); }
+    static Money stored(QStringView text) { return parse(text).value_or(Money()); }
+    /// Reads a plain number as SQL writes it: "12.5".
+    static std::optional<Money> parsePlain(std::string_view ascii);
+
+    constexpr qint64 tenThousandths() const { return m_units; }
+    constexpr bool isZero() const { return m_units == 0; }
+    constexpr bool isNegative() const { return m_units < 0; }
+
+    Money operator+(Money other) const;
+    Money operator-(Money other) const;
+    Money operator-() const { return Money() - *this; }
+    Money &operator+=(Money other) { return *this = *this + other; }
+    Money &operator-=(Money other) { return *this = *this - other; }
+    /// The product, rounded half to even at the fourth decimal.
+    Money times(Money factor) const;
+    /// The quotient, rounded half to even at the fourth decimal; nothing when the divisor is zero.
+    std::optional<Money> dividedBy(Money divisor) const;
+    /// Two decimals, rounded half away from zero: what the pattern "##,##0.00" shows.
+    Money roundedToCents() const;
+
+    constexpr auto operator<=>(const Money &) const = default;
+
+    /// "1.234,56": the patterns "##,##0.00" and "#,##0.00", which render alike.
+    QString grouped() const;
+    /// grouped() in UTF-8, appended to `out`; for lists of many rows.
+    void appendGrouped(std::string &out) const;
+    /// "R$ 1.234,56".
+    QString inReais() const;
+    /// "1500" or "12,5": no grouping, only the decimals there are.
+    QString plain() const;
+    /// "1500" or "12.5": a number inside an SQL text.
+    QString sqlNumber() const;
+
+private:
+    explicit constexpr Money(qint64 units) : m_units(units) {}
+
+    qint64 m_units = 0;
+};

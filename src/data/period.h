@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+#include <QStringList>
+
+/// The period choices of the lists' filter boxes and the date texts that they select.
+namespace period {
+
+enum class Choice { All, ThisYear, ThisMonth, Today, Last7Days, Last15Days, PreviousMonth, NextMonth };
+
+/// The choices as the boxes offer them, in the order of Choice.
+QStringList choices();
+/// Letter case is ignored; any other text is Choice::All.
+Choice fromText(const QString &text);
+/// The two dates of a BETWEEN in stored form, both included: day 1 to "day 31" of the month with the roll-over of
+/// dates built from parts, so a 30-day month reaches into the 1st of the next.
+std::pair<QString, QString> range(Choice choice, QDate today);
+
+}

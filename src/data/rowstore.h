@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+/// How a column of a list sorts and aligns; the cells themselves are texts ready to be shown.
+enum class CellKind : quint8 { Text, Number, Money, Date };
+
+/// One column of a list.
+struct Column
+{
+    QString key;    ///< name of the column in the layout file
+    QString title;  ///< heading
+    CellKind kind = CellKind::Text;
+    int width = 80; ///< default width in pixels
+};
+
+/// The rows of a list as compact text: one block of memory holds many rows, a cell becomes a QString only when it is
+/// painted. Costs about 5 bytes a cell and 8 bytes a row over the UTF-8 text.
+class RowStore
+{
+public:
+    explicit RowStore(int columns = 0);
+
+    /// Adds one row; `cells` has one text per column.
+    void append(const std::vector<std::string_view> &cells);
+
+    int columnCount() const { return m_columns; }
+    int rowCount() const { return int(m_rows.size()); }
+    std::string_view cell(int row, int column) const;
+    QString text(int row, int column) const;
+    void removeRow(int row);
+    void clear();
+    /// Bytes held for cell texts, and in all.
+    qint64 textBytes() const { return m_textBytes; }
+    qint64 totalBytes() const;
+
+private:
+    char *allocate(std::size_t bytes);
+
+    int m_columns;
+    std::vector<const char *> m_rows; ///< each: m_columns 32-bit end offsets, then the text
+    std::vector<std::unique_ptr<char[]>> m_blocks;
+    std::size_t m_blockUsed = 0;
+    std::size_t m_blockSize = 0;
+    std::size_t m_allocated = 0;
+    qint64 m_textBytes = 0;
+};

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "settings/listlayout.h"
+#include "widgets/tablemodel.h"
+
+#include <QTreeView>
+
+/// A list of rows with headings: whole rows are selected, several at once; columns can be moved, resized and sorted by a
+/// click; Ctrl+C copies the selected rows as text with tabs.
+class ListView : public QTreeView
+{
+    Q_OBJECT
+
+public:
+    explicit ListView(QWidget *parent = nullptr);
+
+    TableModel &table() { return *m_table; }
+    /// The first column is the hidden row key: width 0.
+    void setColumns(std::vector<Column> columns);
+    void setRows(RowStore rows);
+    int rowCount() const { return m_table->rowCount(); }
+    QString cell(int row, int column) const { return m_table->cell(row, column); }
+    /// The selected rows, top to bottom.
+    std::vector<int> selectedRows() const;
+    /// The row that commands on one row act on: the current one if it is selected, else the first selected; -1 if none.
+    int selectedRow() const;
+    void selectRow(int row);
+
+    /// Text shown in the middle while the list is empty.
+    void setEmptyText(const QString &text);
+    ListLayout layout() const;
+    void applyLayout(const ListLayout &layout);
+
+Q_SIGNALS:
+    /// Return or double click on a row.
+    void rowActivated(int row);
+    /// Delete on a selection.
+    void removeRequested();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void copySelection() const;
+
+    TableModel *m_table;
+    QString m_emptyText;
+};
