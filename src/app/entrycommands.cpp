@@ -1,0 +1,99 @@
+#include "app/entrycommands.h"
+
+#include "app/entrypane.h"
+#include "data/clock.h"
+#include "entries/entry.h"
+#include "entries/entrylist.h"
+#include "entries/frmadicionar.h"
+#include "settings/database.h"
+#include "widgets/listview.h"
+#include "widgets/messages.h"
+
+#include <QAction>
+
+using namespace Qt::StringLiterals;
+
+EntryCommands::EntryCommands(EntryPane &pane, EntryPane &stockPane, QObject *parent)
+    : QObject(parent), m_pane(pane), m_stockPane(stockPane)
+{
+    connect(pane.addCommand, &QAction::triggered, this, &EntryCommands::add);
+    connect(pane.editCommand, &QAction::triggered, this, &EntryCommands::edit);
+    connect(pane.removeCommand, &QAction::triggered, this, &EntryCommands::remove);
+    connect(pane.settleCommand, &QAction::triggered, this, &EntryCommands::settle);
+}
+
+int EntryCommands::selectedOrTell()
+{
+    const int row = m_pane.list().selectedRow();
+    if (row < 0 && m_pane.list().rowCount() > 0)
+        messages::information(&m_pane, u"Lançamentos"_s, u"Selecione um lançamento na lista."_s);
+    return row;
+}
+
+void EntryCommands::add()
+{
+    frmAdicionar::openNew(m_pane.side(), m_pane.window());
+}
+
+void EntryCommands::edit()
+{
+    const int row = selectedOrTell();
+    if (row >= 0)
+        frmAdicionar::openEdit(m_pane.side(), entry::plainCode(m_pane.list().cell(row, 0)), m_pane.window());
+}
+
+std::optional<EntryRemoval> EntryCommands::removalOf(int row)
+{
+    const int stockRow = &m_pane == &m_stockPane ? row : m_stockPane.list().selectedRow();
+    if (stockRow < 0)
+        return std::nullopt;
+    const auto stockCell = [&](QStringView key) {
+        return m_stockPane.list().cell(stockRow, entrylist::columnOf(m_stockPane.side(), key));
+    };
+    return EntryRemoval{.code = entry::plainCode(m_pane.list().cell(row, 0)),
+                        .product = stockCell(u"produto"),
+                        .quantity = Money::stored(QStringView(stockCell(u"qtde")))};
+}
+
+void EntryCommands::remove()
+{
+    if (selectedOrTell() < 0)
+        return;
+    if (!messages::question(&m_pane, u"Remover"_s,
+                            u"Tem certeza que deseja remover o item selecionado do banco de dados?"_s))
+        return;
+    std::vector<EntryRemoval> removals;
+    for (const int row : m_pane.list().selectedRows()) {
+        const auto removal = removalOf(row);
+        if (!removal) {
+            messages::exclamation(&m_pane, u"Remover"_s,
+                                  u"Nada foi removido. Selecione também, na lista de contas a receber, a linha do produto "
+                                  "cujo estoque será corrigido."_s);
+            return;
+        }
+        removals.push_back(*removal);
+    }
+    const bool removed = messages::guarded(&m_pane, u"Ocorreu o seguinte erro ao tentar remover os dados: ", [&] {
+        entry::remove(openDatabase(), m_pane.side(), removals);
+    });
+    if (removed)
+        Q_EMIT changed();
+}
+
+void EntryCommands::settle()
+{
+    const int row = selectedOrTell();
+    if (row < 0)
+        return;
+    const QString code = entry::plainCode(m_pane.list().cell(row, 0));
+    if (!messages::question(&m_pane, u"Efetuar baixa"_s, m_pane.side().settleQuestion))
+        return;
+    bool found = false;
+    const bool settled = messages::guarded(&m_pane, u"Ocorreu o seguinte erro ao tentar efetuar a baixa: ", [&] {
+        found = entry::settle(openDatabase(), m_pane.side(), code, programclock::today());
+    });
+    if (settled && !found)
+        messages::information(&m_pane, u"Efetuar baixa"_s, u"Este lançamento não existe mais."_s);
+    if (settled)
+        Q_EMIT changed();
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QObject>
+
+#include <optional>
+
+class EntryPane;
+class ListView;
+struct EntryRemoval;
+
+/// What the user can do with the entries of one pane: add, edit, delete, settle.
+class EntryCommands : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `stockList` is the list whose selected line names the product and quantity that a deletion corrects: for both sides
+    /// it is the receivables list.
+    EntryCommands(EntryPane &pane, EntryPane &stockPane, QObject *parent);
+
+Q_SIGNALS:
+    /// Entries of this pane were deleted or settled.
+    void changed();
+
+private:
+    void add();
+    void edit();
+    void remove();
+    void settle();
+    int selectedOrTell();
+    std::optional<EntryRemoval> removalOf(int row);
+
+    EntryPane &m_pane;
+    EntryPane &m_stockPane;
+};

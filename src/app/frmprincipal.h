@@ -1,0 +1,56 @@
+#pragma once
+
+#include "data/changes.h"
+#include "settings/settings.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+namespace Ui {
+class frmPrincipal;
+}
+class AccountPane;
+class EntryPane;
+class ListView;
+class MovementPane;
+class QLabel;
+
+/// The main window: four tabs over the data, menus and toolbar. Reloads what other screens announce as changed, when the
+/// setting ExibirPrincipal says so.
+class frmPrincipal : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// Positions of the tabs.
+    enum Tab { PayablesTab, ReceivablesTab, MovementsTab, AccountsTab };
+
+    explicit frmPrincipal(QWidget *parent = nullptr);
+    ~frmPrincipal() override;
+
+    /// The start-up sequence; the window is on screen already.
+    void start();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void makeTabs();
+    void connectCommands();
+    void connectSwitch(QAction *action, const settings::Key &key);
+    void dataChanged(Subject subject);
+    void entriesChangedHere(EntryPane &pane);
+    void reloadEntries(EntryPane &pane);
+    void reloadAll();
+    void applySettings();
+    QList<ListView *> lists();
+
+    std::unique_ptr<Ui::frmPrincipal> m_ui;
+    EntryPane *m_payables;
+    EntryPane *m_receivables;
+    MovementPane *m_movements;
+    AccountPane *m_accounts;
+    QLabel *m_welcome;
+    bool m_ownChange = false; ///< an announcement of this window itself
+};

@@ -1,0 +1,56 @@
+#include "app/frmprincipal.h"
+#include "settings/programfolder.h"
+#include "widgets/messages.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QPalette>
+#include <QTranslator>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The desktop's icons where it has some, else the Breeze ones that are installed with the program.
+void chooseIcons()
+{
+    const bool dark = QApplication::palette().window().color().lightness() < 128;
+    const QString breeze = dark ? u"breeze-dark"_s : u"breeze"_s;
+    QIcon::setFallbackThemeName(breeze);
+    if (QIcon::fromTheme(u"list-add"_s).isNull() || QIcon::themeName() == u"hicolor")
+        QIcon::setThemeName(breeze);
+    QApplication::setWindowIcon(QIcon(programfolder::file(u"tavaro.svg"_s)));
+}
+
+}
+
+int main(int argc, char *argv[])
+{
+    QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(u"tavaro"_s);
+    QApplication::setApplicationDisplayName(u"Tavaro"_s);
+    QApplication::setApplicationVersion(QStringLiteral(TAVARO_VERSION));
+    QTranslator texts;
+    if (texts.load(u"qtbase_pt_BR"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&texts);
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(u"Controle financeiro e de estoque"_s);
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption folder(u"pasta"_s, u"Pasta do programa, com o banco de dados."_s, u"PASTA"_s);
+    parser.addOption(folder);
+    parser.process(app);
+
+    if (!messages::guarded(nullptr, messages::generalPrefix, [&] { programfolder::choose(parser.value(folder)); }))
+        return 1;
+    chooseIcons();
+    frmPrincipal window;
+    window.show();
+    window.start();
+    return QApplication::exec();
+}

@@ -1,0 +1,100 @@
+#include "app/movementpane.h"
+#include "ui_movementpane.h"
+
+#include "app/filterbox.h"
+#include "app/waittext.h"
+#include "data/clock.h"
+#include "data/period.h"
+#include "settings/database.h"
+#include "settings/listlayout.h"
+#include "widgets/frmcarregando.h"
+#include "widgets/messages.h"
+
+#include <QSignalBlocker>
+
+using namespace Qt::StringLiterals;
+
+MovementPane::MovementPane(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui::MovementPane>())
+{
+    m_ui->setupUi(this);
+    m_ui->lstmovimento->setColumns(movementlist::columns());
+    m_ui->lstmovimento->setEmptyText(u"Nenhum movimento bancário com estes filtros"_s);
+    m_ui->lbltotalm->setText(MovementTotals().text());
+    m_ui->cbotipom->addItems(movementlist::kindChoices());
+    m_ui->cbofiltrom->addItems(period::choices());
+    m_ui->cboorgm->addItems(movementlist::sortChoices());
+    for (QComboBox *box : {m_ui->cbotipom, m_ui->cbofiltrom, m_ui->cboorgm})
+        connect(box, &QComboBox::currentTextChanged, this, &MovementPane::filterChanged);
+    connect(m_ui->optascm, &QRadioButton::toggled, this, &MovementPane::filterChanged);
+    m_applied = filter();
+}
+
+MovementPane::~MovementPane() = default;
+
+ListView &MovementPane::list()
+{
+    return *m_ui->lstmovimento;
+}
+
+MovementFilter MovementPane::filter() const
+{
+    return {.kind = m_ui->cbotipom->currentText(),
+            .period = m_ui->cbofiltrom->currentText(),
+            .sortBy = m_ui->cboorgm->currentText(),
+            .ascending = m_ui->optascm->isChecked()};
+}
+
+void MovementPane::showFilter(const MovementFilter &filter)
+{
+    filterbox::show(m_ui->cbotipom, filter.kind);
+    filterbox::show(m_ui->cbofiltrom, filter.period);
+    filterbox::show(m_ui->cboorgm, filter.sortBy);
+    const QSignalBlocker blocker(m_ui->optascm);
+    (filter.ascending ? m_ui->optascm : m_ui->optdescm)->setChecked(true);
+}
+
+void MovementPane::restoreFilters()
+{
+    m_applied = {.kind = settings::value(settings::movementKind),
+                 .period = settings::value(settings::movementPeriod),
+                 .sortBy = settings::value(settings::movementSort),
+                 .ascending = settings::value(settings::movementAscending).toLower() == u"true"};
+    showFilter(m_applied);
+}
+
+void MovementPane::filterChanged()
+{
+    if (!reload()) {
+        showFilter(m_applied);
+        return;
+    }
+    m_applied = filter();
+    messages::guarded(this, messages::generalPrefix, [this] {
+        settings::setValue(settings::movementKind, m_applied.kind);
+        settings::setValue(settings::movementPeriod, m_applied.period);
+        settings::setValue(settings::movementSort, m_applied.sortBy);
+        settings::setValue(settings::movementAscending, m_applied.ascending ? u"true"_s : u"false"_s);
+    });
+}
+
+bool MovementPane::reload()
+{
+    return messages::guarded(this, messages::generalPrefix, [this] {
+        const QString query = movementlist::query(filter(), programclock::today());
+        WaitProgress progress(window(), u"Carregando movimento bancário"_s, listWaitText());
+        MovementList movements = movementlist::load(openDatabase(), query, &progress);
+        m_ui->lstmovimento->setRows(std::move(movements.rows));
+        m_ui->lbltotalm->setText(movements.totals.text());
+        m_query = query;
+    });
+}
+
+void MovementPane::restoreLayout()
+{
+    m_ui->lstmovimento->applyLayout(listlayout::load(listlayout::movements()));
+}
+
+void MovementPane::saveLayout()
+{
+    listlayout::save(listlayout::movements(), m_ui->lstmovimento->layout());
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "bank/movementlist.h"
+
+#include <QWidget>
+
+#include <memory>
+
+namespace Ui {
+class MovementPane;
+}
+class ListView;
+
+/// The tab of bank movements: list, filter boxes, order and totals line. Boxes and list behave as in EntryPane.
+class MovementPane : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit MovementPane(QWidget *parent = nullptr);
+    ~MovementPane() override;
+
+    ListView &list();
+    QString query() const { return m_query; }
+    void restoreFilters();
+    bool reload();
+    void restoreLayout();
+    /// Throws Error.
+    void saveLayout();
+
+private:
+    MovementFilter filter() const;
+    void showFilter(const MovementFilter &filter);
+    void filterChanged();
+
+    std::unique_ptr<Ui::MovementPane> m_ui;
+    MovementFilter m_applied;
+    QString m_query;
+};

@@ -1,0 +1,192 @@
+#include "bank/accounts.h"
+
+#include "bank/movementlist.h"
+#include "data/recordset.h"
+#include "data/status.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString newLine = u"\r\n"_s;
+
+QString byName(const QString &name)
+{
+    return u"SELECT * FROM banco where(banco like '"_s + name + u"')"_s;
+}
+
+/// The sum of `valor` over the settled rows of a table that meet the condition, each amount rounded to cents first.
+Money settledSum(Connection &connection, const QString &table, const QString &condition)
+{
+    Statement rows = connection.prepare(u"Select valor from "_s + table + u" WHERE estatus like ('"_s
+                                            + status::settled.toString() + u"') AND "_s + condition,
+                                        RowOrder::Any);
+    Money sum;
+    while (rows.step())
+        sum += Money::stored(rows.utf8(0)).roundedToCents();
+    return sum;
+}
+
+/// What the settled movements add to the account.
+Money movementSum(Connection &connection, const QString &origin, const QString &destination)
+{
+    const auto ofKind = [](QStringView kind) { return u" and movimento like ('"_s + kind.toString() + u"')"_s; };
+    Money sum;
+    Statement rows = connection.prepare(u"Select movimento, valor from bancario WHERE estatus like ('"_s
+                                            + status::settled.toString() + u"') AND "_s + origin,
+                                        RowOrder::Any);
+    while (rows.step()) {
+        const QString kind = rows.text(0);
+        if (kind == movement::deposit)
+            sum += Money::stored(rows.utf8(1)).roundedToCents();
+        else if (kind == movement::withdrawal)
+            sum -= Money::stored(rows.utf8(1)).roundedToCents();
+    }
+    sum -= settledSum(connection, u"bancario"_s, origin + ofKind(movement::transfer));
+    sum += settledSum(connection, u"bancario"_s, destination + ofKind(movement::transfer));
+    return sum;
+}
+
+QString freeText(const QString &text)
+{
+    return text.trimmed() + u' ';
+}
+
+QString openingText(const AccountForm &form)
+{
+    const std::optional<Money> opening = Money::parse(form.opening);
+    if (!opening)
+        throw Error(Error::Kind::Data, u"o texto \"%1\" não é um valor válido."_s.arg(form.opening));
+    return opening->grouped();
+}
+
+}
+
+namespace accounts {
+
+BalanceMode balanceMode(const QString &setting)
+{
+    if (!Money::stored(QStringView(setting)).isZero())
+        return BalanceMode::Recompute;
+    return setting == u"0" ? BalanceMode::OpeningOnly : BalanceMode::KeepList;
+}
+
+std::vector<AccountBalance> balances(Connection &connection, bool recompute, Progress *progress)
+{
+    std::vector<AccountBalance> result;
+    Recordset accounts(connection, u"SELECT * FROM banco"_s);
+    if (progress)
+        progress->begin([&accounts] { return accounts.count(); });
+    while (accounts.next()) {
+        const Money opening = Money::stored(accounts.utf8(accounts.column(u"saldo")));
+        AccountBalance account{accounts.text(u"banco"), accounts.text(u"informacoes"), opening.roundedToCents(), {}};
+        Money current = opening;
+        if (recompute) {
+            const QString origin = u"origem like ('"_s + account.name + u"')"_s;
+            const QString destination = u"destino like ('"_s + account.name + u"')"_s;
+            current -= settledSum(connection, u"pagar"_s, origin);
+            current += settledSum(connection, u"receber"_s, origin);
+            current += movementSum(connection, origin, destination);
+        }
+        account.current = current.roundedToCents();
+        result.push_back(std::move(account));
+        if (progress)
+            progress->advance(qint64(result.size()));
+    }
+    return result;
+}
+
+std::vector<Column> columns()
+{
+    return {{u"banco"_s, u"Banco/Caixa"_s, CellKind::Text, 220},
+            {u"atual"_s, u"Saldo(atual)"_s, CellKind::Money, 130},
+            {u"informacoes"_s, u"Informações"_s, CellKind::Text, 260},
+            {u"inicial"_s, u"Saldo(Inicial)"_s, CellKind::Money, 130}};
+}
+
+RowStore rows(const std::vector<AccountBalance> &balances)
+{
+    RowStore store(4);
+    for (const AccountBalance &account : balances) {
+        const std::string name = account.name.toStdString(), notes = account.notes.toStdString();
+        const std::string current = account.current.inReais().toStdString();
+        const std::string opening = account.opening.inReais().toStdString();
+        store.append({name, current, notes, opening});
+    }
+    return store;
+}
+
+QString summary(const std::vector<AccountBalance> &balances)
+{
+    Money current, opening, moved;
+    QString text;
+    for (const AccountBalance &account : balances) {
+        const Money movement = account.current - account.opening;
+        current += account.current;
+        opening += account.opening;
+        moved += movement;
+        text += u"Caixa/Banco: "_s + account.name + u"("_s + account.notes + u")"_s + newLine
+            + u"O saldo neste banco inicio com R$ "_s + account.opening.plain() + newLine + u"O saldo atual é "_s
+            + account.current.inReais() + newLine + u"Movimentação de "_s + movement.inReais() + newLine + u"."_s
+            + newLine;
+    }
+    text += u" > REFERÊNCIAS RÁPIDAS"_s + newLine + u"."_s + newLine;
+    const std::pair<QString, Money> blocks[] = {{u"Valor total em caixa/banco"_s, current},
+                                                {u"Valor total de inicio em caixa/banco"_s, opening},
+                                                {u"Saldo total de movimentação "_s, moved}};
+    for (const auto &[caption, total] : blocks)
+        text += caption + newLine + total.inReais() + newLine + newLine;
+    return text;
+}
+
+std::optional<QString> problem(const AccountForm &form)
+{
+    if (form.opening.trimmed().isEmpty())
+        return u"O campo valor deve ser preenchido!"_s;
+    if (form.name.trimmed().isEmpty())
+        return u"O campo nome deve ser preenchido!"_s;
+    if (form.name.contains(u'\'')) // the queries quote the name with it: no balance could be computed any more
+        return u"O campo nome não pode ter apóstrofo (')!"_s;
+    return std::nullopt;
+}
+
+void add(Connection &connection, const AccountForm &form)
+{
+    Transaction transaction(connection);
+    Recordset row(connection, u"banco"_s);
+    row.addNew();
+    row.set(u"banco", form.name);
+    row.set(u"informacoes", freeText(form.notes));
+    row.set(u"saldo", openingText(form));
+    row.update();
+    transaction.commit();
+}
+
+void change(Connection &connection, const QString &name, const AccountForm &form)
+{
+    Transaction transaction(connection);
+    Recordset row(connection, byName(name));
+    if (!row.next())
+        throw Error(Error::Kind::Data, u"o caixa/banco \"%1\" não existe mais."_s.arg(name));
+    row.set(u"informacoes", freeText(form.notes));
+    row.set(u"saldo", openingText(form));
+    row.update();
+    transaction.commit();
+}
+
+void remove(Connection &connection, const QString &name)
+{
+    Transaction transaction(connection);
+    connection.execute(u"Delete FROM banco where (banco like '"_s + name + u"')"_s);
+    transaction.commit();
+}
+
+std::optional<AccountForm> load(Connection &connection, const QString &name)
+{
+    Recordset row(connection, byName(name));
+    if (!row.next())
+        return std::nullopt;
+    return AccountForm{row.text(u"banco"), Money::stored(row.text(u"saldo")).grouped(), row.text(u"informacoes")};
+}
+
+}

@@ -1,0 +1,81 @@
+#include "bank/frmbanco.h"
+#include "ui_frmbanco.h"
+
+#include "bank/accounts.h"
+#include "data/changes.h"
+#include "settings/database.h"
+#include "widgets/background.h"
+#include "widgets/formkeys.h"
+#include "widgets/messages.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString savePrefix = u"Ocorreu o seguinte erro ao tentar cadastrar os dados: "_s;
+
+}
+
+frmbanco::frmbanco(QWidget *parent) : QDialog(parent), m_ui(std::make_unique<Ui::frmbanco>())
+{
+    m_ui->setupUi(this);
+    setAttribute(Qt::WA_DeleteOnClose);
+    background::apply(this);
+    formkeys::enterMovesOn(this);
+    connect(m_ui->cmdinserir, &QPushButton::clicked, this, &frmbanco::save);
+    connect(m_ui->cmdcancelar, &QPushButton::clicked, this, &QDialog::close);
+}
+
+frmbanco::~frmbanco() = default;
+
+frmbanco *frmbanco::openNew(QWidget *parent)
+{
+    auto *screen = new frmbanco(parent);
+    screen->show();
+    return screen;
+}
+
+frmbanco *frmbanco::openEdit(const QString &name, QWidget *parent)
+{
+    std::optional<AccountForm> account;
+    if (!messages::guarded(parent, messages::generalPrefix, [&] { account = accounts::load(openDatabase(), name); }))
+        return nullptr;
+    if (!account) {
+        messages::information(parent, u"Caixa/Banco"_s, u"Este caixa/banco não existe mais."_s);
+        return nullptr;
+    }
+    auto *screen = new frmbanco(parent);
+    screen->setObjectName(u"frmeditarbanco"_s);
+    screen->setWindowTitle(u"Editar Banco/Caixa"_s);
+    screen->m_editedName = account->name;
+    screen->m_ui->txtnome->setText(account->name);
+    screen->m_ui->txtnome->setReadOnly(true);
+    screen->m_ui->txtnome->setToolTip(u"O nome não muda: os lançamentos se referem a ele"_s);
+    screen->m_ui->txtvalor->setText(account->opening);
+    screen->m_ui->txtinfo->setPlainText(account->notes.trimmed());
+    screen->m_ui->txtvalor->setFocus();
+    screen->show();
+    return screen;
+}
+
+void frmbanco::save()
+{
+    const AccountForm form{m_ui->txtnome->text(), m_ui->txtvalor->text(), m_ui->txtinfo->toPlainText()};
+    if (const auto problem = accounts::problem(form)) {
+        m_ui->cmdinserir->setEnabled(false);
+        messages::exclamation(this, u"Erro"_s, *problem);
+        m_ui->cmdinserir->setEnabled(true);
+        return;
+    }
+    const bool saved = messages::guarded(this, savePrefix, [&] {
+        Connection &connection = openDatabase();
+        if (m_editedName.isEmpty())
+            accounts::add(connection, form);
+        else
+            accounts::change(connection, m_editedName, form);
+    });
+    if (!saved)
+        return;
+    close();
+    Changes::announce(Subject::Accounts);
+}

@@ -1,0 +1,151 @@
+#include "bank/movementlist.h"
+
+#include "data/dates.h"
+#include "data/period.h"
+#include "data/recordset.h"
+#include "settings/listlayout.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct SortChoice
+{
+    QString text, column;
+};
+
+const std::vector<SortChoice> &sorts()
+{
+    static const std::vector<SortChoice> choices{
+        {u"Data de cadastro"_s, u"data"_s}, {u"Conta destino"_s, u"destino"_s},
+        {u"Conta origem"_s, u"origem"_s},   {u"Estatus"_s, u"estatus"_s},
+        {u"Valor"_s, u"valor"_s},           {u"Tipo de movimento"_s, u"movimento"_s},
+    };
+    return choices;
+}
+
+QString sortColumn(const QString &choice)
+{
+    for (const SortChoice &sort : sorts())
+        if (sort.text.compare(choice, Qt::CaseInsensitive) == 0)
+            return sort.column;
+    return u"data"_s;
+}
+
+/// "(movimento like 'Depósito') ", or nothing for all kinds.
+QString kindCondition(const QString &choice)
+{
+    const std::pair<QStringView, QStringView> kinds[] = {{u"depósitos", movement::deposit},
+                                                         {u"retiradas", movement::withdrawal},
+                                                         {u"transferências", movement::transfer}};
+    for (const auto &[text, word] : kinds)
+        if (choice.toLower() == text)
+            return u"(movimento like '"_s + word.toString() + u"') "_s;
+    return {};
+}
+
+QString baseQuery(period::Choice choice, const QString &kind, QDate today)
+{
+    if (choice == period::Choice::All)
+        return u"Select * from bancario "_s + (kind.isEmpty() ? QString() : u"WHERE "_s + kind);
+    const QString and_ = kind.isEmpty() ? QString() : u" AND "_s + kind;
+    const QString year = today.toString(u"yyyy"_s);
+    switch (choice) {
+    case period::Choice::ThisYear:
+        return u"SELECT * FROM bancario where(data like '%"_s + year + u"/%') "_s + and_;
+    case period::Choice::ThisMonth:
+        return u"SELECT * FROM bancario where(Data like '%/"_s + today.toString(u"MM"_s) + u"/%' AND data like '%"_s
+            + year + u"/%') "_s + and_;
+    case period::Choice::Today:
+        return u"SELECT * FROM bancario where(Data like '"_s + dates::stored(today) + u"') "_s + and_;
+    default: {
+        const auto [first, last] = period::range(choice, today);
+        return u"SELECT * FROM bancario WHERE data BETWEEN '"_s + first + u"' AND '"_s + last + u"' "_s + and_;
+    }
+    }
+}
+
+void add(MovementTotals::Kind &kind, Money value)
+{
+    kind.sum += value;
+    ++kind.count;
+}
+
+QString sumText(const MovementTotals::Kind &kind)
+{
+    return kind.sum.inReais() + u" ("_s + QString::number(kind.count) + u" cad.)"_s;
+}
+
+}
+
+QString MovementTotals::text() const
+{
+    return u"Depósitos: "_s + sumText(deposits) + u" - Retiradas: "_s + sumText(withdrawals)
+        + u" - Transferência: "_s + sumText(transfers);
+}
+
+namespace movementlist {
+
+QStringList kindChoices()
+{
+    return {u"Todos os dados"_s, u"Depósitos"_s, u"Retiradas"_s, u"Transferências"_s};
+}
+
+QStringList sortChoices()
+{
+    QStringList texts;
+    for (const SortChoice &sort : sorts())
+        texts << sort.text;
+    return texts;
+}
+
+QString query(const MovementFilter &filter, QDate today)
+{
+    const QString base = baseQuery(period::fromText(filter.period), kindCondition(filter.kind), today);
+    return base.trimmed() + u" order by "_s + sortColumn(filter.sortBy) + (filter.ascending ? u" ASC"_s : u" DESC"_s);
+}
+
+std::vector<Column> columns()
+{
+    const ListLayout defaults = listlayout::defaults(listlayout::movements());
+    std::vector<Column> result{
+        {u"id"_s, u"Código"_s, CellKind::Number},     {u"data"_s, u"Data"_s, CellKind::Date},
+        {u"tipo"_s, u"Tipo de movimento"_s},          {u"origem"_s, u"Conta origem"_s},
+        {u"destino"_s, u"Conta destino"_s},           {u"valor"_s, u"Valor"_s, CellKind::Money},
+        {u"estatus"_s, u"Estatus"_s},                 {u"info"_s, u"Informações"_s},
+    };
+    for (std::size_t i = 0; i < result.size(); ++i)
+        result[i].width = listlayout::pixels(defaults.widths[i]);
+    return result;
+}
+
+MovementList load(Connection &connection, const QString &query, Progress *progress)
+{
+    Recordset rows(connection, query);
+    MovementList list{RowStore(int(columns().size())), {}};
+    if (progress)
+        progress->begin([&rows] { return rows.count(); });
+    std::string date, amount;
+    const std::string deposit = movement::deposit.toUtf8().toStdString();
+    const std::string withdrawal = movement::withdrawal.toUtf8().toStdString();
+    while (rows.next()) {
+        const Money value = Money::stored(rows.utf8(rows.column(u"valor")));
+        const std::string_view kind = rows.utf8(rows.column(u"movimento"));
+        date.clear();
+        dates::appendShown(rows.utf8(rows.column(u"data")), date);
+        amount = "R$ ";
+        value.appendGrouped(amount);
+        list.rows.append({rows.utf8(rows.column(u"código")), date, kind, rows.utf8(rows.column(u"origem")),
+                          rows.utf8(rows.column(u"destino")), amount, rows.utf8(rows.column(u"estatus")),
+                          rows.utf8(rows.column(u"informacoes"))});
+        add(kind == deposit          ? list.totals.deposits
+                : kind == withdrawal ? list.totals.withdrawals
+                                     : list.totals.transfers,
+            value);
+        if (progress)
+            progress->advance(list.rows.rowCount());
+    }
+    return list;
+}
+
+}

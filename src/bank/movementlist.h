@@ -1,0 +1,58 @@
+#pragma once
+
+#include "data/money.h"
+#include "data/progress.h"
+#include "data/rowstore.h"
+
+#include <QDate>
+#include <QStringList>
+
+class Connection;
+
+/// The words of the column `movimento`.
+namespace movement {
+
+inline constexpr QStringView deposit = u"Depósito";
+inline constexpr QStringView withdrawal = u"Retirada";
+inline constexpr QStringView transfer = u"Transferência entre contas";
+
+}
+
+/// The choices of the movement list's filter boxes, as their texts; letter case is ignored.
+struct MovementFilter
+{
+    QString kind;   ///< "Depósitos", "Retiradas", "Transferências"; anything else is all
+    QString period; ///< a choice of data/period.h
+    QString sortBy; ///< a choice of sortChoices()
+    bool ascending = true;
+};
+
+struct MovementTotals
+{
+    struct Kind
+    {
+        Money sum;
+        qint64 count = 0;
+    };
+    Kind deposits, withdrawals, transfers;
+
+    QString text() const;
+};
+
+struct MovementList
+{
+    RowStore rows;
+    MovementTotals totals;
+};
+
+namespace movementlist {
+
+QStringList kindChoices();
+QStringList sortChoices();
+/// The list's query, in the program's SQL dialect.
+QString query(const MovementFilter &filter, QDate today);
+std::vector<Column> columns();
+/// Reads all rows of `query`, a `SELECT *` on the movements. `progress` may be null. Throws Error.
+MovementList load(Connection &connection, const QString &query, Progress *progress);
+
+}

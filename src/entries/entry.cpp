@@ -1,0 +1,192 @@
+#include "entries/entry.h"
+
+#include "data/dates.h"
+#include "data/recordset.h"
+#include "data/status.h"
+#include "stock/stock.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString byCode(const Side &side, const QString &code)
+{
+    return u"SELECT * FROM "_s + side.table + u" where(código like '"_s + code + u"')"_s;
+}
+
+Error badValue(const QString &field, const QString &text)
+{
+    return Error(Error::Kind::Data, u"o texto \"%1\" do campo %2 não é um valor válido."_s.arg(text, field));
+}
+
+Money amount(const QString &field, const QString &text)
+{
+    const std::optional<Money> value = Money::parse(text);
+    if (!value)
+        throw badValue(field, text);
+    return *value;
+}
+
+/// An empty field counts as zero.
+Money amountOrZero(const QString &field, const QString &text)
+{
+    return text.trimmed().isEmpty() ? Money() : amount(field, text);
+}
+
+QString storedDate(const QString &field, const QString &text)
+{
+    const QDate date = dates::read(text);
+    if (!date.isValid())
+        throw Error(Error::Kind::Data, u"a data \"%1\" do campo %2 não existe."_s.arg(text, field));
+    return dates::stored(date);
+}
+
+/// Free text never ends up as an empty column: the trimmed text and one blank.
+QString freeText(const QString &text)
+{
+    return text.trimmed() + u' ';
+}
+
+stock::Direction direction(bool in)
+{
+    return in ? stock::Direction::In : stock::Direction::Out;
+}
+
+void writeColumns(Recordset &row, const Side &side, const EntryForm &form)
+{
+    row.set(u"estatus", form.status);
+    row.set(u"origem", form.account);
+    row.set(side.contactColumn, form.contact);
+    row.set(u"data", storedDate(u"Data"_s, form.date));
+    row.set(u"descricao", form.description);
+    row.set(u"documento", freeText(form.document));
+    row.set(u"informacoes", freeText(form.notes));
+    row.set(u"valor", amount(u"Valor"_s, form.value).grouped());
+    row.set(u"vencimento", storedDate(u"Vencimento"_s, form.due));
+    if (side.hasUnitCost)
+        row.set(u"custo", amountOrZero(u"Custo"_s, form.unitCost).grouped());
+    row.set(u"produto", form.product);
+    row.set(u"qtde", form.quantity);
+    row.set(u"moeda", form.currency);
+}
+
+}
+
+namespace entry {
+
+QStringList statusWords()
+{
+    return {status::pending.toString(), status::settled.toString()};
+}
+
+QStringList currencies()
+{
+    return {u"R$"_s, u"$"_s, u"€"_s, u"¥"_s, u"£"_s};
+}
+
+QStringList blankFields(const EntryForm &form)
+{
+    const std::pair<const QString &, QString> fields[] = {{form.description, u"Descrição"_s},
+                                                          {form.contact, u"Fornecedor/cliente"_s},
+                                                          {form.value, u"Valor"_s},
+                                                          {form.date, u"Data"_s},
+                                                          {form.due, u"Vencimento"_s}};
+    QStringList blank;
+    for (const auto &[text, name] : fields)
+        if (text.trimmed().isEmpty())
+            blank << name;
+    return blank;
+}
+
+QStringList names(Connection &connection, const QString &query, QStringView field)
+{
+    QStringList result;
+    for (Recordset rows(connection, query); rows.next();)
+        result << rows.text(field);
+    return result;
+}
+
+QStringList accountNames(Connection &connection)
+{
+    return names(connection, u"select * from banco order by [banco]"_s, u"banco");
+}
+
+QStringList productNames(Connection &connection)
+{
+    return QStringList{stock::noProduct.toString()} + names(connection, u"Select [produto] from produto"_s, u"produto");
+}
+
+bool exceedsStock(Connection &connection, const Side &side, const EntryForm &form)
+{
+    if (!side.warnsOfLowStock || form.product == stock::noProduct)
+        return false;
+    const std::optional<Money> onHand = stock::onHand(connection, form.product);
+    return onHand && amountOrZero(u"Quantidade"_s, form.quantity) > *onHand;
+}
+
+void save(Connection &connection, const Side &side, const EntryForm &form, const QString &code)
+{
+    const Money quantity = amountOrZero(u"Quantidade"_s, form.quantity);
+    Transaction transaction(connection);
+    Recordset row(connection, code.isEmpty() ? side.table : byCode(side, code));
+    if (code.isEmpty())
+        row.addNew();
+    else if (!row.next())
+        throw Error(Error::Kind::Data, u"este lançamento não existe mais; ele foi removido por outro usuário."_s);
+    writeColumns(row, side, form);
+    row.update();
+    stock::move(connection, direction(side.savingAddsToStock), quantity, form.product);
+    transaction.commit();
+}
+
+std::optional<EntryForm> load(Connection &connection, const Side &side, const QString &code)
+{
+    Recordset row(connection, byCode(side, code));
+    if (!row.next())
+        return std::nullopt;
+    return EntryForm{
+        .status = row.text(u"estatus"),
+        .account = row.text(u"origem"),
+        .contact = row.text(side.contactColumn),
+        .date = dates::shownFromStored(row.text(u"data")),
+        .due = dates::shownFromStored(row.text(u"vencimento")),
+        .description = row.text(u"descricao"),
+        .document = row.text(u"documento"),
+        .notes = row.text(u"informacoes"),
+        .value = Money::stored(row.text(u"valor")).grouped(),
+        .unitCost = side.hasUnitCost ? Money::stored(row.text(u"custo")).grouped() : QString(),
+        .product = row.text(u"produto"),
+        .quantity = row.text(u"qtde"),
+        .currency = row.text(u"moeda"),
+    };
+}
+
+void remove(Connection &connection, const Side &side, const std::vector<EntryRemoval> &removals)
+{
+    Transaction transaction(connection);
+    for (const EntryRemoval &removal : removals) {
+        stock::move(connection, direction(!side.savingAddsToStock), removal.quantity, removal.product);
+        connection.execute(u"Delete FROM "_s + side.table + u" where(código like '"_s + removal.code + u"')"_s);
+    }
+    transaction.commit();
+}
+
+bool settle(Connection &connection, const Side &side, const QString &code, QDate today)
+{
+    Transaction transaction(connection);
+    Recordset row(connection, byCode(side, code));
+    if (!row.next())
+        return false;
+    row.set(u"estatus", status::settled.toString());
+    row.set(u"vencimento", dates::shown(today));
+    row.update();
+    transaction.commit();
+    return true;
+}
+
+QString plainCode(const QString &text)
+{
+    return QString::number(text.trimmed().toLongLong());
+}
+
+}

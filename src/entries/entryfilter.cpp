@@ -1,0 +1,87 @@
+#include "entries/entryfilter.h"
+
+#include "data/dates.h"
+#include "data/period.h"
+#include "data/status.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isAll(const QString &choice)
+{
+    return choice.isEmpty() || choice.startsWith(u"todos"_s, Qt::CaseInsensitive);
+}
+
+/// " and (origem like 'Caixa') ", or nothing for an "all" choice.
+QString piece(const QString &column, const QString &choice)
+{
+    return isAll(choice) ? QString() : u" and ("_s + column + u" like '"_s + choice + u"') "_s;
+}
+
+/// The status word that the choice asks for; "%%" for any.
+QString statusPattern(const QString &choice)
+{
+    const QString lower = choice.toLower();
+    if (lower == u"pendentes e concluídos" || isAll(choice))
+        return u"%%"_s;
+    return (lower == u"pendentes" ? status::pending : status::settled).toString();
+}
+
+/// The beginning of the query up to and including the period, for every choice but "all data".
+QString periodQuery(const QString &table, const QString &column, period::Choice choice, QDate today)
+{
+    const QString select = u"SELECT * FROM "_s + table;
+    const QString year = today.toString(u"yyyy"_s);
+    switch (choice) {
+    case period::Choice::ThisYear:
+        return select + u" where("_s + column + u" like '%"_s + year + u"/%') "_s;
+    case period::Choice::ThisMonth: // the year half tests `data` whatever the column
+        return select + u" where("_s + column + u" like '%/"_s + today.toString(u"MM"_s) + u"/%' AND data like '%"_s
+            + year + u"/%') "_s;
+    case period::Choice::Today:
+        return select + u" where("_s + column + u" like '"_s + dates::stored(today) + u"') "_s;
+    default: {
+        const auto [first, last] = period::range(choice, today);
+        return select + u" WHERE "_s + column + u" BETWEEN '"_s + first + u"' AND '"_s + last + u"' "_s;
+    }
+    }
+}
+
+}
+
+namespace entryfilter {
+
+QStringList basedOnChoices()
+{
+    return {u"Data vencimento"_s, u"Data cadastro"_s};
+}
+
+QStringList statusChoices()
+{
+    return {u"Pendentes e Concluídos"_s, u"Pendentes"_s, u"Concluídos"_s};
+}
+
+QString query(const Side &side, const EntryFilter &filter, QDate today)
+{
+    const bool byEntryDate = !side.dateChoiceFilters || filter.basedOn.toLower() == u"data cadastro";
+    const QString column = byEntryDate ? u"data"_s : u"vencimento"_s;
+    const QString wanted = statusPattern(filter.status);
+    const period::Choice choice = period::fromText(filter.period);
+
+    QString sql;
+    if (choice == period::Choice::All)
+        sql = u"SELECT * FROM "_s + side.table + u" where (estatus like '"_s + wanted + u"') "_s;
+    else if (wanted == u"%%")
+        sql = periodQuery(side.table, column, choice, today);
+    else
+        sql = periodQuery(side.table, column, choice, today) + u" and (estatus like '"_s + wanted + u"') "_s;
+
+    sql += piece(u"origem"_s, filter.account) + piece(u"descricao"_s, filter.centre)
+        + piece(side.contactColumn, filter.contact);
+    if (side.dateChoiceFilters)
+        sql += u" order by "_s + column;
+    return sql.trimmed();
+}
+
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "entries/side.h"
+
+#include <QDate>
+#include <QStringList>
+
+/// The choices of an entry list's filter boxes, as their texts; letter case is ignored. An "all" choice is a text that
+/// begins with "Todos" (for the status: "Pendentes e Concluídos").
+struct EntryFilter
+{
+    QString basedOn; ///< "Data cadastro", or the due date
+    QString status;
+    QString account;
+    QString centre;
+    QString contact;
+    QString period;
+};
+
+namespace entryfilter {
+
+inline constexpr QStringView allAccounts = u"Todos os bancos";
+
+QStringList basedOnChoices();
+QStringList statusChoices();
+/// The list's query, in the program's SQL dialect.
+QString query(const Side &side, const EntryFilter &filter, QDate today);
+
+}

@@ -1,0 +1,216 @@
+#include "entries/frmadicionar.h"
+#include "ui_frmadicionar.h"
+
+#include "bank/frmbanco.h"
+#include "data/clock.h"
+#include "data/dates.h"
+#include "settings/database.h"
+#include "stock/stock.h"
+#include "widgets/background.h"
+#include "widgets/boxes.h"
+#include "widgets/formkeys.h"
+#include "widgets/messages.h"
+
+#include <QEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString savePrefix = u"Ocorreu o seguinte erro ao tentar cadastrar os dados: "_s;
+
+}
+
+frmAdicionar::frmAdicionar(const Side &side, const QString &code, QWidget *parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::frmAdicionar>()), m_side(side), m_code(code)
+{
+    m_ui->setupUi(this);
+    setAttribute(Qt::WA_DeleteOnClose);
+    background::apply(this);
+    formkeys::enterMovesOn(this);
+    topmost::set(this, u"ativo");
+
+    setWindowTitle(side.caption);
+    m_ui->lbldescricao->setText(side.descriptionLabel);
+    m_ui->lblnome->setText(side.contactLabel);
+    m_ui->cmdinserir->setText(code.isEmpty() ? side.insertCaption : side.editCaption);
+    m_ui->lblcusto->setVisible(side.hasUnitCost);
+    m_ui->txtcusto->setVisible(side.hasUnitCost);
+    if (side.hasUnitCost)
+        m_ui->txtcusto->setText(u"00,00"_s);
+
+    m_ui->cboestatus->addItems(entry::statusWords());
+    m_ui->cbomoeda->addItems(entry::currencies());
+    m_ui->txtdata->setDate(programclock::today());
+    m_ui->txtvencimento->setDate(programclock::today());
+}
+
+frmAdicionar::~frmAdicionar() = default;
+
+frmAdicionar *frmAdicionar::openNew(const Side &side, QWidget *parent)
+{
+    auto screen = std::unique_ptr<frmAdicionar>(new frmAdicionar(side, QString(), parent));
+    if (!screen->fillBoxes())
+        return nullptr;
+    screen->m_ui->cboorigem->setCurrentIndex(screen->m_ui->cboorigem->count() > 0 ? 0 : -1);
+    screen->connectControls();
+    screen->show();
+    return screen.release();
+}
+
+frmAdicionar *frmAdicionar::openEdit(const Side &side, const QString &code, QWidget *parent)
+{
+    std::optional<EntryForm> form;
+    if (!messages::guarded(parent, messages::generalPrefix, [&] { form = entry::load(openDatabase(), side, code); }))
+        return nullptr;
+    if (!form) {
+        messages::information(parent, side.caption, u"Este lançamento não existe mais."_s);
+        return nullptr;
+    }
+    auto screen = std::unique_ptr<frmAdicionar>(new frmAdicionar(side, code, parent));
+    if (!screen->fillBoxes())
+        return nullptr;
+    screen->connectControls();
+    screen->showForm(*form);
+    screen->show();
+    return screen.release();
+}
+
+void frmAdicionar::connectControls()
+{
+    connect(m_ui->cmdinserir, &QPushButton::clicked, this, &frmAdicionar::save);
+    connect(m_ui->cmdcancelar, &QPushButton::clicked, this, &QDialog::close);
+    connect(m_ui->cmdbancoinc, &QToolButton::clicked, this, [this] {
+        topmost::set(this, u"desativo");
+        frmbanco::openNew(this);
+    });
+    for (DateEdit *field : {m_ui->txtdata, m_ui->txtvencimento}) {
+        connect(field, &DateEdit::calendarOpening, this, [this] { topmost::set(this, u"desativo"); });
+        connect(field, &DateEdit::calendarClosed, this, [this] { topmost::set(this, u"ativo"); });
+    }
+    if (m_side.hasUnitCost) {
+        connect(m_ui->cboproduto, &QComboBox::currentTextChanged, this, [this] { showUnitCost(false); });
+        connect(m_ui->txtqtde, &QLineEdit::textChanged, this, [this] { showUnitCost(true); });
+    }
+    connect(&Changes::instance(), &Changes::changed, this, &frmAdicionar::refill);
+    connect(this, &QDialog::finished, this, [this] {
+        if (std::exchange(m_unannounced, false))
+            Changes::announce(m_side.subject);
+    });
+}
+
+bool frmAdicionar::fillBoxes()
+{
+    return messages::guarded(parentWidget(), messages::generalPrefix, [this] {
+        Connection &connection = openDatabase();
+        boxes::refill(m_ui->cboorigem, entry::accountNames(connection));
+        boxes::refill(m_ui->cbotipo, entry::names(connection, m_side.contactQuery, u"nome"));
+        boxes::refill(m_ui->txtdescricao, entry::names(connection, m_side.centreQuery, u"descricao"));
+        boxes::refill(m_ui->cboproduto, entry::productNames(connection));
+        m_ui->cboproduto->setCurrentIndex(0);
+    });
+}
+
+void frmAdicionar::refill(Subject subject)
+{
+    messages::guarded(this, messages::generalPrefix, [&] {
+        if (subject == Subject::Accounts)
+            boxes::refill(m_ui->cboorigem, entry::accountNames(openDatabase()));
+        else if (subject == m_side.contactSubject)
+            boxes::refill(m_ui->cbotipo, entry::names(openDatabase(), m_side.contactQuery, u"nome"));
+        else if (subject == m_side.centreSubject)
+            boxes::refill(m_ui->txtdescricao, entry::names(openDatabase(), m_side.centreQuery, u"descricao"));
+        else if (subject == Subject::Products)
+            boxes::refill(m_ui->cboproduto, entry::productNames(openDatabase()));
+    });
+}
+
+void frmAdicionar::showForm(const EntryForm &form)
+{
+    boxes::choose(m_ui->cboestatus, form.status);
+    boxes::choose(m_ui->cboorigem, form.account);
+    boxes::choose(m_ui->cbotipo, form.contact);
+    m_ui->txtdata->setText(form.date);
+    m_ui->txtdescricao->setCurrentText(form.description);
+    m_ui->txtdocumento->setText(form.document);
+    m_ui->txtinfo->setText(form.notes);
+    m_ui->txtvalor->setText(form.value);
+    if (m_side.hasUnitCost)
+        m_ui->txtcusto->setText(form.unitCost);
+    boxes::choose(m_ui->cboproduto, form.product);
+    m_ui->txtqtde->setText(form.quantity);
+    m_ui->txtvencimento->setText(form.due);
+    boxes::choose(m_ui->cbomoeda, form.currency);
+}
+
+EntryForm frmAdicionar::form() const
+{
+    return {
+        .status = m_ui->cboestatus->currentText(),
+        .account = m_ui->cboorigem->currentText(),
+        .contact = m_ui->cbotipo->currentText(),
+        .date = m_ui->txtdata->text(),
+        .due = m_ui->txtvencimento->text(),
+        .description = m_ui->txtdescricao->currentText(),
+        .document = m_ui->txtdocumento->text(),
+        .notes = m_ui->txtinfo->text(),
+        .value = m_ui->txtvalor->text(),
+        .unitCost = m_ui->txtcusto->text(),
+        .product = m_ui->cboproduto->currentText(),
+        .quantity = m_ui->txtqtde->text(),
+        .currency = m_ui->cbomoeda->currentText(),
+    };
+}
+
+void frmAdicionar::showUnitCost(bool timesQuantity)
+{
+    messages::guarded(this, messages::generalPrefix, [&] {
+        const auto cost = stock::unitCost(openDatabase(), m_ui->cboproduto->currentText());
+        if (!cost)
+            return;
+        const Money quantity = Money::stored(QStringView(m_ui->txtqtde->text()));
+        m_ui->txtcusto->setText((timesQuantity ? cost->times(quantity) : *cost).grouped());
+    });
+}
+
+void frmAdicionar::save()
+{
+    const EntryForm typed = form();
+    const QStringList blank = entry::blankFields(typed);
+    if (!blank.isEmpty()) {
+        messages::exclamation(this, u"Erro"_s,
+                              u"Os seguintes dados estão em branco: \n"_s + blank.join(u'\n'));
+        return;
+    }
+    const bool saved = messages::guarded(this, savePrefix, [&] {
+        if (m_code.isEmpty() && entry::exceedsStock(openDatabase(), m_side, typed))
+            messages::exclamation(this, u"Aviso de estoque"_s,
+                                  u"A quantidade de produtos adicionada é maior do que a quantidade de itens no estoque! "
+                                  "Seu saldo no estoque ficara negativo"_s);
+        entry::save(openDatabase(), m_side, typed, m_code);
+    });
+    if (!saved)
+        return;
+    m_unannounced = true;
+    messages::information(this, u"Cadastrada"_s, m_side.savedMessage);
+    if (m_ui->chkcontinuar->isChecked())
+        prepareNext();
+    else
+        close();
+}
+
+void frmAdicionar::prepareNext()
+{
+    m_ui->txtvencimento->clear();
+    m_ui->txtvalor->clear();
+    m_ui->txtdocumento->clear();
+    m_ui->txtinfo->clear();
+    m_ui->txtdescricao->setFocus();
+}
+
+void frmAdicionar::changeEvent(QEvent *event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        topmost::set(this, u"ativo");
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "entries/entry.h"
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class frmAdicionar;
+}
+class QComboBox;
+
+/// The entry screen: records one payable or receivable, or changes one. It stays open beside the main window and above
+/// it, and announces the side's Subject when it closes after saving.
+class frmAdicionar : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// Shows an empty screen for a new entry.
+    static frmAdicionar *openNew(const Side &side, QWidget *parent);
+    /// Shows the entry with the code; null, with a message, when it is no longer there.
+    static frmAdicionar *openEdit(const Side &side, const QString &code, QWidget *parent);
+    ~frmAdicionar() override;
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    frmAdicionar(const Side &side, const QString &code, QWidget *parent);
+    void connectControls();
+    bool fillBoxes();
+    void refill(Subject subject);
+    void showForm(const EntryForm &form);
+    EntryForm form() const;
+    void showUnitCost(bool timesQuantity);
+    void save();
+    void prepareNext();
+
+    std::unique_ptr<Ui::frmAdicionar> m_ui;
+    const Side &m_side;
+    QString m_code; ///< empty for a new entry
+    bool m_unannounced = false;
+};
