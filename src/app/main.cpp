@@ -32,7 +32,6 @@ int main(int argc, char *argv[])
     QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
     QApplication app(argc, argv);
     QApplication::setApplicationName(u"tavaro"_s);
-    QApplication::setApplicationDisplayName(u"Tavaro"_s);
     QApplication::setApplicationVersion(QStringLiteral(TAVARO_VERSION));
     QTranslator texts;
     if (texts.load(u"qtbase_pt_BR"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))

@@ -3,7 +3,6 @@
 #include "data/dates.h"
 #include "data/period.h"
 #include "data/recordset.h"
-#include "settings/listlayout.h"
 
 using namespace Qt::StringLiterals;
 
@@ -107,16 +106,12 @@ QString query(const MovementFilter &filter, QDate today)
 
 std::vector<Column> columns()
 {
-    const ListLayout defaults = listlayout::defaults(listlayout::movements());
-    std::vector<Column> result{
-        {u"id"_s, u"Código"_s, CellKind::Number},     {u"data"_s, u"Data"_s, CellKind::Date},
-        {u"tipo"_s, u"Tipo de movimento"_s},          {u"origem"_s, u"Conta origem"_s},
-        {u"destino"_s, u"Conta destino"_s},           {u"valor"_s, u"Valor"_s, CellKind::Money},
-        {u"estatus"_s, u"Estatus"_s},                 {u"info"_s, u"Informações"_s},
+    return {
+        {u"id"_s, u"Código"_s, CellKind::Number, 0}, {u"data"_s, u"Data"_s, CellKind::Date},
+        {u"tipo"_s, u"Tipo de movimento"_s},         {u"origem"_s, u"Conta origem"_s},
+        {u"destino"_s, u"Conta destino"_s},          {u"valor"_s, u"Valor"_s, CellKind::Money},
+        {u"estatus"_s, u"Estatus"_s},                {u"info"_s, u"Informações"_s},
     };
-    for (std::size_t i = 0; i < result.size(); ++i)
-        result[i].width = listlayout::pixels(defaults.widths[i]);
-    return result;
 }
 
 MovementList load(Connection &connection, const QString &query, Progress *progress)

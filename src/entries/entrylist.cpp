@@ -3,7 +3,6 @@
 #include "data/dates.h"
 #include "data/recordset.h"
 #include "data/status.h"
-#include "settings/listlayout.h"
 
 #include <array>
 
@@ -16,11 +15,6 @@ struct ColumnText
     QString key, title;
     CellKind kind;
 };
-
-const ListLayoutFile &layoutOf(const Side &side)
-{
-    return side.hasUnitCost ? listlayout::receivables() : listlayout::payables();
-}
 
 std::vector<ColumnText> columnTexts(const Side &side)
 {
@@ -128,10 +122,9 @@ namespace entrylist {
 
 std::vector<Column> columns(const Side &side)
 {
-    const ListLayout defaults = listlayout::defaults(layoutOf(side));
     std::vector<Column> result;
     for (const ColumnText &text : columnTexts(side))
-        result.push_back({text.key, text.title, text.kind, listlayout::pixels(defaults.widths[result.size()])});
+        result.push_back({text.key, text.title, text.kind, text.key == u"id" ? 0 : 80});
     return result;
 }
 

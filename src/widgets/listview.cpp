@@ -76,10 +76,8 @@ void ListView::setColumns(std::vector<Column> columns)
 {
     m_table->setColumns(std::move(columns));
     header()->setSortIndicator(-1, Qt::AscendingOrder);
-    for (std::size_t i = 0; i < m_table->columns().size(); ++i) {
+    for (std::size_t i = 0; i < m_table->columns().size(); ++i)
         header()->resizeSection(int(i), m_table->columns()[i].width);
-        header()->setSectionResizeMode(int(i), isHidden(i) ? QHeaderView::Fixed : QHeaderView::Interactive);
-    }
 }
 
 void ListView::setRows(RowStore rows)
@@ -130,7 +128,7 @@ void ListView::selectRow(int row)
     }
     // A current cell of width 0 would scroll the list to its left end.
     int column = 0;
-    while (column < m_table->columnCount() - 1 && isHidden(std::size_t(column)))
+    while (column < m_table->columnCount() - 1 && header()->sectionSize(column) == 0)
         ++column;
     selectionModel()->setCurrentIndex(m_table->index(row, column),
                                       QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
@@ -157,10 +155,8 @@ void ListView::applyLayout(const ListLayout &layout)
     const auto columns = std::size_t(header()->count());
     if (layout.widths.size() != columns || layout.positions.size() != columns)
         return;
-    for (std::size_t i = 0; i < columns; ++i) {
-        if (!isHidden(i))
-            header()->resizeSection(int(i), int(std::lround(layout.widths[i] / twipsPerPixel)));
-    }
+    for (std::size_t i = 0; i < columns; ++i)
+        header()->resizeSection(int(i), int(std::lround(layout.widths[i] / twipsPerPixel)));
     for (std::size_t position = 0; position < columns; ++position) {
         const auto found = std::ranges::find(layout.positions, int(position) + 1);
         if (found != layout.positions.end())

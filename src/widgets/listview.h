@@ -16,7 +16,7 @@ public:
     explicit ListView(QWidget *parent = nullptr);
 
     TableModel &table() { return *m_table; }
-    /// A column of width 0 stays hidden, whatever the layout: it holds the row key.
+    /// A column of width 0 is out of sight until the user widens it: the row key.
     void setColumns(std::vector<Column> columns);
     /// Shows `rows` in their own order. The row whose first cell was selected before is selected again if it
     /// is still there, and the list stays scrolled where it was.
@@ -47,7 +47,6 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    bool isHidden(std::size_t column) const { return m_table->columns()[column].width == 0; }
     void copySelection() const;
 
     TableModel *m_table;
