@@ -1,0 +1,291 @@
+#include "widgets/listview.h"
+
+#include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <numeric>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Rows from lines of cells parted by "|".
+RowStore rowsOf(const std::vector<std::string_view> &lines)
+{
+    RowStore rows(5);
+    for (const std::string_view line : lines) {
+        std::vector<std::string_view> cells;
+        for (std::size_t begin = 0; begin <= line.size();) {
+            const std::size_t end = std::min(line.find('|', begin), line.size());
+            cells.push_back(line.substr(begin, end - begin));
+            begin = end + 1;
+        }
+        rows.append(cells);
+    }
+    return rows;
+}
+
+std::vector<Column> columns()
+{
+    return {{u"codigo"_s, u"Código"_s, CellKind::Number, 0},
+            {u"data"_s, u"Data"_s, CellKind::Date, 90},
+            {u"nome"_s, u"Nome"_s, CellKind::Text, 120},
+            {u"valor"_s, u"Valor"_s, CellKind::Money, 80},
+            {u"qtde"_s, u"Qtde"_s, CellKind::Number, 60}};
+}
+
+RowStore entries()
+{
+    return rowsOf({"1|10/02/2026|Água|R$ 1.000,00|10", "2|09/12/2025|zebra|R$ -5,00|9", "3||Árvore|R$ 20,00|",
+                   "10|01/03/2026|arroz|€ 20,00|100", "11|01/03/2026|Bola|R$ 3,50|2"});
+}
+
+/// The row keys as shown, top to bottom.
+QString keys(const TableModel &table)
+{
+    QStringList result;
+    for (int row = 0; row < table.rowCount(); ++row)
+        result << table.cell(row, 0);
+    return result.join(u' ');
+}
+
+/// A list with entries() on the screen.
+struct Shown
+{
+    Shown()
+    {
+        list.setColumns(columns());
+        list.setRows(entries());
+        list.resize(400, 250);
+        list.show();
+        list.activateWindow();
+        if (QTest::qWaitForWindowActive(&list))
+            list.setFocus();
+    }
+    ListView list;
+};
+
+} // namespace
+
+class tst_listview : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void rowStoreKeepsTexts();
+    void modelContract();
+    void sortsByKind_data();
+    void sortsByKind();
+    void sortKeepsTheSelection();
+    void removesRows();
+    void headerClicksSortAndGiveTheOrderBack();
+    void newRowsKeepSelectionAndPlace();
+    void keysActOnRows();
+    void copiesWhatIsShown();
+    void layoutGoesAndComes();
+    void manyRows();
+};
+
+void tst_listview::rowStoreKeepsTexts()
+{
+    RowStore rows(3);
+    const std::string large(3 * 1024 * 1024, 'x');
+    for (int i = 0; i < 20000; ++i) {
+        const std::string number = std::to_string(i);
+        rows.append({number, i == 7 ? std::string_view(large) : std::string_view("ação"), ""});
+    }
+    QCOMPARE(rows.rowCount(), 20000);
+    QCOMPARE(rows.text(6, 1), u"ação"_s);
+    QVERIFY(rows.cell(7, 1) == large);
+    QCOMPARE(rows.text(19999, 0) + rows.text(19999, 2), u"19999"_s);
+    const qint64 before = rows.textBytes();
+    rows.removeRow(7);
+    QCOMPARE(rows.textBytes(), before - qint64(large.size()) - 1);
+    QCOMPARE(rows.text(7, 0), u"8"_s);
+    rows.clear();
+    QCOMPARE(rows.rowCount(), 0);
+    QCOMPARE(rows.textBytes(), 0);
+    rows.append({"a", "b", "c"});
+    QCOMPARE(rows.text(0, 2), u"c"_s);
+}
+
+void tst_listview::modelContract()
+{
+    TableModel table;
+    const QAbstractItemModelTester tester(&table, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    table.setColumns(columns());
+    table.setRows(entries());
+    table.setColours(Qt::red, Qt::white, {});
+    table.sort(2, Qt::AscendingOrder);
+    QVERIFY(table.removeRows(1, 2));
+    table.sort(-1, Qt::AscendingOrder);
+    QVERIFY(!table.removeRows(2, 2));
+    QCOMPARE(keys(table), u"1 2 11"_s);
+    QCOMPARE(table.index(0, 2).data(Qt::ForegroundRole), QVariant(QColor(Qt::red)));
+    QCOMPARE(table.index(0, 2).data(Qt::BackgroundRole), QVariant(QColor(Qt::white)));
+    QCOMPARE(table.index(1, 2).data(Qt::BackgroundRole), QVariant());
+    table.setRows(RowStore(5));
+    QCOMPARE(table.rowCount(), 0);
+}
+
+void tst_listview::sortsByKind_data()
+{
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QString>("ascending");
+    QTest::addColumn<QString>("descending");
+    QTest::newRow("number key") << 0 << u"1 2 3 10 11"_s << u"11 10 3 2 1"_s;
+    QTest::newRow("date, ties in row order") << 1 << u"3 2 1 10 11"_s << u"10 11 1 2 3"_s;
+    QTest::newRow("text in Portuguese order") << 2 << u"1 10 3 11 2"_s << u"2 11 3 10 1"_s;
+    QTest::newRow("money, ties in row order") << 3 << u"2 11 3 10 1"_s << u"1 3 10 11 2"_s;
+    QTest::newRow("number, blank as none") << 4 << u"3 11 2 1 10"_s << u"10 1 2 11 3"_s;
+    QTest::newRow("unsorted") << -1 << u"1 2 3 10 11"_s << u"1 2 3 10 11"_s;
+}
+
+void tst_listview::sortsByKind()
+{
+    QFETCH(int, column);
+    TableModel table;
+    table.setColumns(columns());
+    table.setRows(entries());
+    table.sort(column, Qt::AscendingOrder);
+    QTEST(keys(table), "ascending");
+    table.sort(column, Qt::DescendingOrder);
+    QTEST(keys(table), "descending");
+}
+
+void tst_listview::sortKeepsTheSelection()
+{
+    Shown shown;
+    shown.list.selectRow(3);
+    shown.list.sortByColumn(2, Qt::AscendingOrder);
+    QCOMPARE(shown.list.selectedRow(), 1);
+    QCOMPARE(shown.list.cell(shown.list.selectedRow(), 0), u"10"_s);
+}
+
+void tst_listview::removesRows()
+{
+    Shown shown;
+    TableModel &table = shown.list.table();
+    table.sort(2, Qt::AscendingOrder); // 1 10 3 11 2
+    shown.list.selectRow(3);
+    QVERIFY(table.removeRows(0, 2));
+    QCOMPARE(keys(table), u"3 11 2"_s);
+    QCOMPARE(shown.list.cell(shown.list.selectedRow(), 2), u"Bola"_s);
+    table.sort(0, Qt::AscendingOrder);
+    QCOMPARE(keys(table), u"2 3 11"_s);
+}
+
+void tst_listview::headerClicksSortAndGiveTheOrderBack()
+{
+    Shown shown;
+    QHeaderView *header = shown.list.header();
+    const QPoint name(header->sectionViewportPosition(2) + 20, header->height() / 2);
+    QString orders = keys(shown.list.table());
+    for (int click = 0; click < 3; ++click) {
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, name);
+        orders += u'\n' + keys(shown.list.table());
+    }
+    QCOMPARE(orders, u"1 2 3 10 11\n1 10 3 11 2\n2 11 3 10 1\n1 2 3 10 11"_s);
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, name);
+    shown.list.setRows(entries());
+    QCOMPARE(keys(shown.list.table()), u"1 2 3 10 11"_s);
+    QCOMPARE(header->sortIndicatorSection(), -1);
+}
+
+void tst_listview::newRowsKeepSelectionAndPlace()
+{
+    Shown shown;
+    RowStore first(5), second(5), third(5);
+    for (int i = 1; i <= 200; ++i) {
+        const std::string key = std::to_string(i);
+        first.append({key, "", "", "", ""});
+        if (i != 50)
+            second.append({key, "", "", "", ""});
+        third.append({"x" + key, "", "", "", ""});
+    }
+    shown.list.setRows(std::move(first));
+    shown.list.selectRow(119);
+    shown.list.verticalScrollBar()->setValue(30);
+    shown.list.setRows(std::move(second));
+    QCOMPARE(shown.list.cell(shown.list.selectedRow(), 0), u"120"_s);
+    QCOMPARE(shown.list.selectedRow(), 118);
+    QCOMPARE(shown.list.verticalScrollBar()->value(), 30);
+    shown.list.setRows(std::move(third));
+    QCOMPARE(shown.list.selectedRow(), -1);
+    QVERIFY(shown.list.selectedRows().empty());
+}
+
+void tst_listview::keysActOnRows()
+{
+    Shown shown;
+    QSignalSpy activated(&shown.list, &ListView::rowActivated);
+    QSignalSpy removing(&shown.list, &ListView::removeRequested);
+    shown.list.selectRow(-1);
+    QTest::keyClick(&shown.list, Qt::Key_Delete);
+    QCOMPARE(removing.count(), 0);
+    shown.list.selectRow(4);
+    QTest::keyClick(&shown.list, Qt::Key_Up, Qt::ShiftModifier);
+    QTest::keyClick(&shown.list, Qt::Key_Up, Qt::ShiftModifier);
+    QCOMPARE(shown.list.selectedRows(), (std::vector<int>{2, 3, 4}));
+    QCOMPARE(shown.list.selectedRow(), 2);
+    QTest::keyClick(&shown.list, Qt::Key_Delete);
+    QTest::keyClick(&shown.list, Qt::Key_Enter);
+    const QPoint second = shown.list.visualRect(shown.list.table().index(1, 2)).center();
+    QTest::mouseClick(shown.list.viewport(), Qt::LeftButton, {}, second);
+    QTest::mouseDClick(shown.list.viewport(), Qt::LeftButton, {}, second);
+    QCOMPARE(removing.count(), 1);
+    QCOMPARE(activated, (QList<QVariantList>{{2}, {1}}));
+}
+
+void tst_listview::copiesWhatIsShown()
+{
+    Shown shown;
+    shown.list.setRows(rowsOf({"7|01/03/2026|duas\nlinhas|R$ 1,00|3", "8|||R$ 2,00|4"}));
+    shown.list.header()->moveSection(3, 1);
+    shown.list.selectAll();
+    QTest::keySequence(&shown.list, QKeySequence::Copy);
+    QCOMPARE(QApplication::clipboard()->text(), u"R$ 1,00\t01/03/2026\tduas linhas\t3\nR$ 2,00\t\t\t4\n"_s);
+}
+
+void tst_listview::layoutGoesAndComes()
+{
+    Shown shown;
+    shown.list.applyLayout({{300, 1319.8111, 2400, 1200, 0}, {1, 4, 2, 3, 5}});
+    const ListLayout layout = shown.list.layout();
+    QCOMPARE(layout.widths, (std::vector<double>{0, 1320, 2400, 1200, 0}));
+    QCOMPARE(layout.positions, (std::vector<int>{1, 4, 2, 3, 5}));
+    shown.list.applyLayout({{15, 15}, {2, 1}}); // of another list
+    QCOMPARE(shown.list.layout().positions, layout.positions);
+    shown.list.setRows(entries());
+    QCOMPARE(shown.list.layout().widths, layout.widths);
+}
+
+void tst_listview::manyRows()
+{
+    constexpr int count = 100000;
+    Shown shown;
+    RowStore rows(5);
+    for (int i = 0; i < count; ++i) {
+        const std::string number = std::to_string((i * 7919) % count);
+        rows.append({number, "01/03/2026", "Fornecedor " + number, "R$ " + number + ",00", number});
+    }
+    QVERIFY(rows.totalBytes() < rows.textBytes() + qint64(count) * (5 * 5 + 8) + 2 * 1024 * 1024);
+    shown.list.setRows(std::move(rows));
+    for (int column = 0; column < 5; ++column)
+        shown.list.sortByColumn(column, Qt::DescendingOrder);
+    QCOMPARE(shown.list.cell(0, 0), u"99999"_s);
+    shown.list.selectAll();
+    QCOMPARE(shown.list.selectedRows().size(), std::size_t(count));
+    shown.list.sortByColumn(3, Qt::AscendingOrder);
+    QCOMPARE(shown.list.selectedRows().size(), std::size_t(count));
+    QVERIFY(shown.list.table().removeRows(10, count - 20));
+    QCOMPARE(shown.list.cell(9, 0) + u' ' + shown.list.cell(10, 0), u"9 99990"_s);
+}
+
+QTEST_MAIN(tst_listview)
+#include "tst_listview.moc"
