@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <utility>
+
 /// The period choices of the lists' filter boxes and the date texts that they select.
 namespace period {
 
@@ -13,8 +15,9 @@ enum class Choice { All, ThisYear, ThisMonth, Today, Last7Days, Last15Days, Prev
 QStringList choices();
 /// Letter case is ignored; any other text is Choice::All.
 Choice fromText(const QString &text);
-/// The two dates of a BETWEEN in stored form, both included: day 1 to "day 31" of the month with the roll-over of
-/// dates built from parts, so a 30-day month reaches into the 1st of the next.
+/// The two dates of a BETWEEN in stored form, both included: day 1 to "day 31" of the month with the
+/// roll-over of dates built from parts, so a 30-day month reaches into the 1st of the next. Two empty texts
+/// for the choices that are selected by a pattern: All, ThisYear, ThisMonth, Today.
 std::pair<QString, QString> range(Choice choice, QDate today);
 
-}
+} // namespace period

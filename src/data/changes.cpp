@@ -1,0 +1,7 @@
+#include "data/changes.h"
+
+Changes &Changes::instance()
+{
+    static Changes changes;
+    return changes;
+}
