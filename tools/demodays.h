@@ -1,0 +1,24 @@
+#pragma once
+
+#include "random.h"
+
+#include <QDate>
+
+#include <vector>
+
+/// Spreads a number of rows over the days of a shop: more before Christmas and Mother's Day than in January,
+/// fewer on Saturdays, hardly any on Sundays, and only plans in the future.
+class DemoDays
+{
+public:
+    /// From three years before `today` to some weeks after it.
+    explicit DemoDays(QDate today);
+
+    QDate first() const { return m_first; }
+    /// The day of row `index` of `count`; days never go back as the index grows.
+    QDate day(qint64 index, qint64 count, Random &random) const;
+
+private:
+    QDate m_first;
+    std::vector<qint64> m_cumulated; ///< weight of all days up to this one
+};
