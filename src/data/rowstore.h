@@ -13,14 +13,14 @@ enum class CellKind : quint8 { Text, Number, Money, Date };
 /// One column of a list.
 struct Column
 {
-    QString key;    ///< name of the column in the layout file
-    QString title;  ///< heading
+    QString key;   ///< name of the column in the layout file
+    QString title; ///< heading
     CellKind kind = CellKind::Text;
     int width = 80; ///< default width in pixels
 };
 
-/// The rows of a list as compact text: one block of memory holds many rows, a cell becomes a QString only when it is
-/// painted. Costs about 5 bytes a cell and 8 bytes a row over the UTF-8 text.
+/// The rows of a list as compact text: one block of memory holds many rows, a cell becomes a QString only
+/// when it is painted. Costs about 5 bytes a cell and 8 bytes a row over the UTF-8 text.
 class RowStore
 {
 public:

@@ -3,8 +3,9 @@
 #include <QDate>
 #include <QLineEdit>
 
-/// A date typed as "dd/mm/yyyy" (the slashes appear by themselves; "5/3" and "050326" are completed on leaving) or picked
-/// from a calendar opened with F4, Alt+Down or the button in the field. May be empty.
+/// A date typed as "dd/mm/yyyy" (the slashes appear by themselves; "5/3" and "050326" are completed on
+/// leaving) or picked from a calendar opened with F4, Alt+Down or the button in the field; Up and Down move
+/// by a day. May be empty. Text that is no date stays and is marked.
 class DateEdit : public QLineEdit
 {
     Q_OBJECT
@@ -12,7 +13,7 @@ class DateEdit : public QLineEdit
 public:
     explicit DateEdit(QWidget *parent = nullptr);
 
-    /// No date when the field is empty or its text is none.
+    /// What the text says, completed if need be; no date when the field is empty or its text is none.
     QDate date() const;
     void setDate(QDate date);
     void openCalendar();
@@ -25,4 +26,14 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    bool acceptsTyped(QChar typed);
+    void moveByDays(int days);
+    void complete();
+    void mark(bool wrong);
+
+    QString m_hint; ///< the screen's own tool tip, while the field is marked
+    bool m_marked = false;
 };

@@ -12,4 +12,4 @@ QString open(QWidget *parent, const QString &title, const QString &filter);
 /// Adds `suffix` ("html") to a name without one and asks before a file is replaced.
 QString save(QWidget *parent, const QString &title, const QString &filter, const QString &suffix);
 
-}
+} // namespace files

@@ -1,19 +1,35 @@
 #pragma once
 
-class QWidget;
+#include <QPointer>
+#include <QWidget>
 
 /// Keyboard and window habits that the data screens share.
 namespace formkeys {
 
-/// Return in a text or list field of `screen` moves to the next field, as Tab does; buttons keep their Return.
+/// Return in a text or list field of `screen` moves to the next field, as Tab does; buttons and lists of rows
+/// keep their Return. In a text of several lines Shift+Return breaks the line. Serves the fields that exist
+/// at the call.
 void enterMovesOn(QWidget *screen);
 
-}
+} // namespace formkeys
 
-/// The shared routine that keeps a screen above the other windows: "ativo" keeps it there without moving or resizing
-/// it, "desativo" returns it to the normal band.
+/// The shared routine that keeps a screen above the other windows: "ativo" keeps it there without moving or
+/// resizing it, "desativo" returns it to the normal band.
 namespace topmost {
 
 void set(QWidget *screen, const char16_t *state);
 
-}
+/// While it lives, the window of `widget` is out of the topmost band, if it was in it; for the time in which
+/// another window is opened over it.
+class StepBack
+{
+public:
+    explicit StepBack(QWidget *widget);
+    ~StepBack();
+    Q_DISABLE_COPY_MOVE(StepBack)
+
+private:
+    QPointer<QWidget> m_window; ///< null when there is nothing to restore
+};
+
+} // namespace topmost

@@ -4,6 +4,7 @@
 
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QPointer>
 
 #include <memory>
 
@@ -29,27 +30,34 @@ protected:
 
 private:
     std::unique_ptr<Ui::frmCarregando> m_ui;
+    qint64 m_total = 0;
 };
 
-/// Shows the wait screen while a long piece of work runs: never for work too short to see, at most some fifty repaints
-/// in all. The screen goes when this object does. Pending paint events run; the user's input waits.
+/// Shows the wait screen while a long piece of work runs: never for work too short to see, at most some fifty
+/// repaints in all. The screen goes when this object does. Pending paint events run; the user's input waits.
 class WaitProgress : public Progress
 {
 public:
     WaitProgress(QWidget *parent, QString title, QString text);
     ~WaitProgress() override;
+    Q_DISABLE_COPY_MOVE(WaitProgress)
 
     void begin(std::function<qint64()> total) override;
-    void advance(qint64 done) override;
+    void advance(qint64 done) override
+    {
+        if (done >= m_nextCheck)
+            check(done);
+    }
 
 private:
+    void check(qint64 done);
     void show();
 
     QWidget *m_parent;
     QString m_title, m_text;
     std::function<qint64()> m_total;
     QElapsedTimer m_clock;
-    std::unique_ptr<frmCarregando> m_screen;
+    QPointer<frmCarregando> m_screen;
     qint64 m_nextCheck = 0;
-    qint64 m_step = 256;
+    qint64 m_step = 1;
 };

@@ -5,8 +5,9 @@
 
 #include <QTreeView>
 
-/// A list of rows with headings: whole rows are selected, several at once; columns can be moved, resized and sorted by a
-/// click; Ctrl+C copies the selected rows as text with tabs.
+/// A list of rows with headings: whole rows are selected, several at once; columns can be moved, resized and
+/// sorted by a click (a third click gives the rows' own order back); Ctrl+C copies the selected rows as text
+/// with tabs. A cell that is cut off shows its whole text as a hint.
 class ListView : public QTreeView
 {
     Q_OBJECT
@@ -15,15 +16,19 @@ public:
     explicit ListView(QWidget *parent = nullptr);
 
     TableModel &table() { return *m_table; }
-    /// The first column is the hidden row key: width 0.
+    /// A column of width 0 stays hidden, whatever the layout: it holds the row key.
     void setColumns(std::vector<Column> columns);
+    /// Shows `rows` in their own order. The row whose first cell was selected before is selected again if it
+    /// is still there, and the list stays scrolled where it was.
     void setRows(RowStore rows);
     int rowCount() const { return m_table->rowCount(); }
     QString cell(int row, int column) const { return m_table->cell(row, column); }
     /// The selected rows, top to bottom.
     std::vector<int> selectedRows() const;
-    /// The row that commands on one row act on: the current one if it is selected, else the first selected; -1 if none.
+    /// The row that commands on one row act on: the current one if it is selected, else the first selected;
+    /// -1 if none.
     int selectedRow() const;
+    /// Selects this row alone; -1 selects none.
     void selectRow(int row);
 
     /// Text shown in the middle while the list is empty.
@@ -42,6 +47,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    bool isHidden(std::size_t column) const { return m_table->columns()[column].width == 0; }
     void copySelection() const;
 
     TableModel *m_table;

@@ -25,4 +25,4 @@ void error(QWidget *parent, QStringView prefix, const Error &error);
 /// Runs `work`; an Error it throws is shown and gives false.
 bool guarded(QWidget *parent, QStringView prefix, const std::function<void()> &work);
 
-}
+} // namespace messages

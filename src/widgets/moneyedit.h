@@ -2,8 +2,10 @@
 
 #include <QLineEdit>
 
-/// A field for an amount: takes digits, "." and one ",", at most two decimals, and shows "#,##0.00" on entering and
-/// leaving. Pasted text is taken when it is a number ("R$ -1.234,56" is). An empty field stays empty.
+/// A field for an amount: takes digits, "." and one ",", at most two decimals, and shows "#,##0.00" on
+/// entering and leaving. Pasted text is taken when it is a number ("R$ -1.234,56" is) or the beginning of
+/// one. An empty field stays empty; a number too large to be an amount stays as typed, for whoever reads it
+/// to report.
 class MoneyEdit : public QLineEdit
 {
     Q_OBJECT
@@ -11,8 +13,8 @@ class MoneyEdit : public QLineEdit
 public:
     explicit MoneyEdit(QWidget *parent = nullptr);
 
-    /// With a prefix such as "R$ " the field shows it while not edited; what is empty or no number on leaving becomes
-    /// prefix + "0,00".
+    /// With a prefix such as "R$ " the field shows it while not edited; what is empty or no number on leaving
+    /// becomes prefix + "0,00".
     void setPrefix(const QString &prefix);
 
 protected:
@@ -22,6 +24,7 @@ protected:
 
 private:
     bool refuses(QChar typed) const;
+    void renderOnLeaving();
 
     QString m_prefix;
 };

@@ -1,0 +1,95 @@
+#include "widgets/frmcarregando.h"
+
+#include "ui_frmcarregando.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace {
+
+constexpr qint64 tooShortToSee = 300; ///< milliseconds
+constexpr qint64 betweenChecks = 20;  ///< milliseconds, while the screen is not shown
+constexpr qint64 repaints = 50;
+constexpr int barSteps = 1000; ///< the bar counts in int, the work in 64 bits
+
+} // namespace
+
+frmCarregando::frmCarregando(QWidget *parent)
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+      m_ui(std::make_unique<Ui::frmCarregando>())
+{
+    m_ui->setupUi(this);
+    m_ui->pbprogresso->setRange(0, barSteps);
+}
+
+frmCarregando::~frmCarregando() = default;
+
+void frmCarregando::setTexts(const QString &title, const QString &text)
+{
+    m_ui->lbltitulo->setText(title);
+    m_ui->lblmensagem->setText(text);
+}
+
+void frmCarregando::setRange(qint64 total)
+{
+    m_total = total;
+}
+
+void frmCarregando::setDone(qint64 done)
+{
+    const double part = m_total > 0 ? double(done) / double(m_total) : 0;
+    m_ui->pbprogresso->setValue(int(std::clamp(part, 0.0, 1.0) * barSteps));
+}
+
+WaitProgress::WaitProgress(QWidget *parent, QString title, QString text)
+    : m_parent(parent), m_title(std::move(title)), m_text(std::move(text))
+{
+}
+
+WaitProgress::~WaitProgress()
+{
+    delete m_screen;
+}
+
+void WaitProgress::begin(std::function<qint64()> total)
+{
+    m_total = std::move(total);
+    if (!m_clock.isValid()) // several short pieces of work make one long one
+        m_clock.start();
+    m_step = 1;
+    m_nextCheck = 1;
+    if (m_screen)
+        show();
+}
+
+void WaitProgress::check(qint64 done)
+{
+    if (!m_screen) {
+        // Rows may take microseconds or tenths of a second: the pace so far says when to look at the clock
+        // again.
+        const qint64 elapsed = m_clock.elapsed();
+        m_step = elapsed < betweenChecks ? m_step * 2 : std::max<qint64>(1, done * betweenChecks / elapsed);
+        if (elapsed >= tooShortToSee)
+            show();
+    }
+    m_nextCheck = done + m_step;
+    if (m_screen) {
+        m_screen->setDone(done);
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    }
+}
+
+void WaitProgress::show()
+{
+    const qint64 total = m_total ? m_total() : 0;
+    if (!m_screen) {
+        m_screen = new frmCarregando(m_parent ? m_parent->window() : nullptr);
+        m_screen->setTexts(m_title, m_text);
+        m_screen->setWindowModality(Qt::ApplicationModal);
+    }
+    m_screen->setRange(total);
+    if (total > 0)
+        m_step = std::max<qint64>(1, total / repaints);
+    m_screen->show();
+}
