@@ -231,6 +231,11 @@ DemoContacts::Contact DemoContacts::at(qint64 index) const
     return {combined(rank, companies, companyName), false};
 }
 
+qint64 DemoContacts::firstTrader() const
+{
+    return m_kind == Kind::Suppliers ? std::min(qint64(std::size(houses)), m_count - 1) : 0;
+}
+
 void DemoContacts::write(Connection &connection, Random &random, QDate today) const
 {
     const QByteArray table = m_kind == Kind::Clients ? "cliente"_ba : "fornecedor"_ba;

@@ -16,12 +16,12 @@ qint64 weightOf(QDate day, QDate today)
         weight = weight * 60 / 100;
     else if (day.dayOfWeek() == Qt::Sunday)
         weight = weight * 4 / 100;
-    return day > today ? weight * 15 / 100 : weight;
+    return day > today ? weight * 30 / 100 : weight;
 }
 
 } // namespace
 
-DemoDays::DemoDays(QDate today) : m_first(today.addMonths(-monthsBack))
+DemoDays::DemoDays(QDate today) : m_first(today.addMonths(-monthsBack)), m_today(today)
 {
     qint64 sum = 0;
     for (QDate day = m_first; day <= today.addDays(daysAhead); day = day.addDays(1))
@@ -36,4 +36,9 @@ QDate DemoDays::day(qint64 index, qint64 count, Random &random) const
     const qint64 to = std::max(from, qint64(__int128(total) * (index + 1) / count) - 1);
     const auto found = std::upper_bound(m_cumulated.begin(), m_cumulated.end(), random.between(from, to));
     return m_first.addDays(found - m_cumulated.begin());
+}
+
+qint64 DemoDays::rowsUpToToday(qint64 count) const
+{
+    return qint64(__int128(m_cumulated[std::size_t(m_first.daysTo(m_today))]) * count / m_cumulated.back());
 }

@@ -14,11 +14,12 @@ public:
     /// From three years before `today` to some weeks after it.
     explicit DemoDays(QDate today);
 
-    QDate first() const { return m_first; }
     /// The day of row `index` of `count`; days never go back as the index grows.
     QDate day(qint64 index, qint64 count, Random &random) const;
+    /// How many of `count` rows certainly have a day up to today.
+    qint64 rowsUpToToday(qint64 count) const;
 
 private:
-    QDate m_first;
+    QDate m_first, m_today;
     std::vector<qint64> m_cumulated; ///< weight of all days up to this one
 };

@@ -66,12 +66,10 @@ void DemoEntries::writePayables(const DemoContacts &suppliers)
         " moeda, produto, pagamento, qtde) values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
     const qint64 count = (m_options.entries + 1) / 2;
     for (qint64 i = 0; i < count; ++i) {
-        DemoRow payable = row(m_days.day(i, count, m_random));
+        DemoRow payable = row(i, count);
         const demoshop::Centre &centre = m_random.weighted(demoshop::costCentres());
         payable.centre = centre.name.toString();
-        payable.contact = centre.supplier && qint64(*centre.supplier) < suppliers.count()
-                              ? suppliers.name(qint64(*centre.supplier))
-                              : suppliers.anyName(m_random);
+        payable.contact = centre.supplier ? suppliers.house(*centre.supplier) : suppliers.anyName(m_random);
         if (centre.movesGoods)
             buyGoods(payable);
         else
@@ -88,7 +86,7 @@ void DemoEntries::writeReceivables(const DemoContacts &clients)
         " moeda, produto, pagamento, qtde, custo) values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
     const qint64 count = m_options.entries / 2;
     for (qint64 i = 0; i < count; ++i) {
-        DemoRow receivable = row(m_days.day(i, count, m_random));
+        DemoRow receivable = row(i, count);
         const demoshop::Centre &centre = m_random.weighted(demoshop::profitCentres());
         receivable.centre = centre.name.toString();
         receivable.contact = clients.anyName(m_random);
@@ -101,9 +99,10 @@ void DemoEntries::writeReceivables(const DemoContacts &clients)
     }
 }
 
-DemoRow DemoEntries::row(QDate day)
+DemoRow DemoEntries::row(qint64 index, qint64 count)
 {
     static constexpr QStringView foreign[] = {u"$", u"$", u"€", u"€", u"£", u"¥"};
+    const QDate day = m_days.day(index, count, m_random);
     DemoRow row;
     row.account = anyAccount();
     row.day = dates::stored(day);
@@ -113,6 +112,11 @@ DemoRow DemoEntries::row(QDate day)
     if (!m_paymentMethods.isEmpty())
         row.method = m_paymentMethods[m_random.mostlySmall(0, m_paymentMethods.size() - 1)];
     settle(row, day);
+    const qint64 recent = m_days.rowsUpToToday(count);
+    if (index >= recent - 3 && index < recent) { // so that there is something to be alerted to
+        row.status = status::pending.toString();
+        row.due = dates::stored(m_options.today);
+    }
     return row;
 }
 
@@ -128,7 +132,7 @@ void DemoEntries::settle(DemoRow &row, QDate day)
         chance = 0;
     else if (due < today.addDays(-45))
         chance = 97;
-    else if (due <= today)
+    else if (due < today)
         chance = 80;
     if (!m_random.percent(chance)) {
         row.status = status::pending.toString();
@@ -144,7 +148,7 @@ void DemoEntries::buyGoods(DemoRow &row)
 {
     const demoshop::Product &product = m_random.weighted(demoshop::products());
     row.product = product.name.toString();
-    row.quantity = m_random.between(6, 36);
+    row.quantity = m_random.between(4, 24);
     row.value = product.cost * row.quantity * m_random.between(92, 104) / 100;
     m_stockChange[std::size_t(&product - demoshop::products().data())] += row.quantity;
 }
@@ -153,9 +157,9 @@ void DemoEntries::sellGoods(DemoRow &row)
 {
     const demoshop::Product &product = m_random.weighted(demoshop::products());
     row.product = product.name.toString();
-    row.quantity = m_random.mostlySmall(1, 36);
+    row.quantity = m_random.mostlySmall(2, 36);
     row.cost = product.cost * row.quantity;
-    row.value = row.cost * m_random.between(135, 215) / 100;
+    row.value = row.cost * m_random.between(145, 230) / 100;
     m_stockChange[std::size_t(&product - demoshop::products().data())] -= row.quantity;
 }
 
@@ -190,11 +194,14 @@ void DemoEntries::writeMovements()
     for (qint64 i = 0; i < m_options.movements; ++i) {
         const QDate day = m_days.day(i, m_options.movements, m_random);
         const Kind &kind = m_random.weighted(kinds);
+        const qint64 origin = m_random.mostlySmall(0, m_accounts.size() - 1);
+        const qint64 other =
+            (origin + m_random.between(1, std::max<qint64>(m_accounts.size() - 1, 1))) % m_accounts.size();
         const bool done = day <= m_options.today && m_random.percent(95);
         insert.bind(1, (done ? status::settled : status::pending).toString());
         insert.bind(2, kind.name.toString());
-        insert.bind(3, anyAccount());
-        insert.bind(4, &kind == &transfer ? anyAccount() : u" - "_s);
+        insert.bind(3, m_accounts[origin]);
+        insert.bind(4, &kind == &transfer ? m_accounts[other] : u" - "_s);
         insert.bind(5, dates::stored(day));
         insert.bind(6, demoshop::amount(m_random.between(20, kind.high / 100) * 100));
         insert.bind(7, freeText(anyRemark(25)));

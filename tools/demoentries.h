@@ -25,7 +25,7 @@ public:
     const std::vector<qint64> &stockChange() const { return m_stockChange; }
 
 private:
-    DemoRow row(QDate day);
+    DemoRow row(qint64 index, qint64 count);
     void settle(DemoRow &row, QDate day);
     void buyGoods(DemoRow &row);
     void sellGoods(DemoRow &row);
