@@ -12,7 +12,7 @@ QColor chosenColour(const settings::Key &key)
     const QString text = settings::value(key);
     if (text == key.defaultValue)
         return {};
-    const auto rgb = palette::parse(text);
+    const auto rgb = palette::rgb(text);
     return rgb ? QColor::fromRgb(*rgb) : QColor();
 }
 

@@ -20,7 +20,7 @@ Money settledSum(Connection &connection, const QString &table, const QString &co
 {
     Statement rows = connection.prepare(u"Select valor from "_s + table + u" WHERE estatus like ('"_s
                                             + status::settled.toString() + u"') AND "_s + condition,
-                                        RowOrder::Any);
+                                        dialect::RowOrder::Any);
     Money sum;
     while (rows.step())
         sum += Money::stored(rows.utf8(0)).roundedToCents();
@@ -34,7 +34,7 @@ Money movementSum(Connection &connection, const QString &origin, const QString &
     Money sum;
     Statement rows = connection.prepare(u"Select movimento, valor from bancario WHERE estatus like ('"_s
                                             + status::settled.toString() + u"') AND "_s + origin,
-                                        RowOrder::Any);
+                                        dialect::RowOrder::Any);
     while (rows.step()) {
         const QString kind = rows.text(0);
         if (kind == movement::deposit)
