@@ -122,7 +122,7 @@ QString errorText(int code)
 
 QString setEnabled(bool on)
 {
-    const QString message = writeValue(keyPath.toString(), valueName.toString(), on ? command() : QString());
+    QString message = writeValue(keyPath.toString(), valueName.toString(), on ? command() : QString());
     settings::setValue(settings::startWithSystem, on ? u"1"_s : u"0"_s);
     return message;
 }

@@ -5,8 +5,8 @@
 
 #include <vector>
 
-/// Widths and positions of a list's columns, kept in a small file in the program folder. Widths are in twips (15 to
-/// the pixel), written with a decimal comma in every locale; positions count from 1.
+/// Widths and positions of a list's columns, kept in a small file in the program folder. Widths are in twips
+/// (15 to the pixel), written with a decimal comma in every locale; positions count from 1.
 struct ListLayout
 {
     std::vector<double> widths;
@@ -32,4 +32,4 @@ ListLayout load(const ListLayoutFile &file);
 /// Throws Error::Kind::File.
 void save(const ListLayoutFile &file, const ListLayout &layout);
 
-}
+} // namespace listlayout

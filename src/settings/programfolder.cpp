@@ -72,7 +72,7 @@ void choose(const QString &named)
 QString userFolder(const QString &delivered)
 {
     const QString parent = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    const QString folder = parent + u"/tavaro"_s;
+    QString folder = parent + u"/tavaro"_s;
     if (QFileInfo(folder).isDir()) {
         addMissing(QDir(delivered), QDir(folder), false);
         return folder;

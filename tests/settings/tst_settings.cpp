@@ -2,6 +2,7 @@
 #include "settings/autostart.h"
 #include "settings/inifile.h"
 #include "settings/listlayout.h"
+#include "settings/palette.h"
 #include "settings/programfolder.h"
 #include "settings/settings.h"
 
@@ -37,6 +38,8 @@ private Q_SLOTS:
     void registryPathsAreChecked();
     void userFolderIsFilledOnce();
     void namedFolder();
+    void colourNumbers_data();
+    void colourNumbers();
 
 private:
     QString in(const QString &name) const { return m_folder->filePath(name); }
@@ -293,6 +296,36 @@ void TestSettings::namedFolder()
     QVERIFY_THROWS_EXCEPTION(Error, programfolder::choose(in(u"missing"_s)));
     QCOMPARE(programfolder::path(), in(u"programa"_s));
     QVERIFY(!QFile::exists(in(u"missing"_s)));
+}
+
+void TestSettings::colourNumbers_data()
+{
+    QTest::addColumn<QString>("expected");
+    const auto row = [](const char *number, const char *expected) {
+        QTest::newRow(number) << QString::fromLatin1(expected);
+    };
+    row("&HFFFFFF", "ffffff");
+    row("0", "0");
+    row("&HD0F7FF", "fff7d0"); // blue comes first
+    row("&hff&", "ff0000");
+    row("255", "ff0000");
+    row("&H80000005", "none");
+    row("-1", "none");
+    row("&H", "none");
+    row("", "none");
+    row("azul", "none");
+}
+
+void TestSettings::colourNumbers()
+{
+    QFETCH(QString, expected);
+    const auto rgb = palette::rgb(QString::fromLatin1(QTest::currentDataTag()));
+    QCOMPARE(rgb ? QString::number(*rgb, 16) : u"none"_s, expected);
+
+    QCOMPARE(palette::colours().at(0).number, settings::firstBackground.defaultValue);
+    QCOMPARE(palette::colours().at(9).number, settings::textColour.defaultValue);
+    for (const palette::Colour &colour : palette::colours())
+        QVERIFY2(palette::rgb(colour.number), qPrintable(colour.name.toString()));
 }
 
 QTEST_GUILESS_MAIN(TestSettings)

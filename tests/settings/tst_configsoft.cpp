@@ -1,0 +1,273 @@
+#include "data/changes.h"
+#include "settings/frmconfigsoft.h"
+#include "settings/programfolder.h"
+#include "settings/settings.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+class TestConfigSoft : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void loadingShowsTheDefaultsAndWritesNothing();
+    void loadingShowsWhatIsStored();
+    void everyControlStoresAtOnce();
+    void switchingAlertsOffKeepsThem();
+    void networkDatabase();
+    void networkFileIsChosen();
+    void aFailedSaveIsToldAndTakenBack_data();
+    void aFailedSaveIsToldAndTakenBack();
+    void escapeCloses();
+
+private:
+    template <typename Control>
+    Control *control(const char *name) const
+    {
+        auto *found = m_screen->findChild<Control *>(QString::fromLatin1(name));
+        Q_ASSERT(found);
+        return found;
+    }
+    void open();
+    /// What the screen shows, one control a line.
+    QString shown() const;
+    QString in(const QString &name) const { return m_folder->filePath(name); }
+    QString stored() const;
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<frmConfigSoft> m_screen;
+};
+
+void TestConfigSoft::init()
+{
+    m_screen.reset();
+    m_folder = std::make_unique<QTemporaryDir>();
+    qputenv("XDG_CONFIG_HOME", in(u"config"_s).toUtf8());
+    settings::setFolder(in(u"config/tavaro"_s));
+    QVERIFY(QDir().mkpath(in(u"programa"_s)));
+    programfolder::choose(in(u"programa"_s));
+}
+
+void TestConfigSoft::open()
+{
+    m_screen = std::make_unique<frmConfigSoft>();
+    m_screen->show();
+}
+
+QString TestConfigSoft::shown() const
+{
+    QStringList lines;
+    for (const QCheckBox *box : m_screen->findChildren<QCheckBox *>())
+        lines << box->objectName() + (box->isChecked() ? u" on"_s : u" off"_s);
+    for (const QRadioButton *option : m_screen->findChildren<QRadioButton *>()) {
+        if (option->isChecked())
+            lines << option->objectName();
+    }
+    for (const QComboBox *box : m_screen->findChildren<QComboBox *>())
+        lines << box->objectName() + u' ' + box->currentText();
+    for (const QLineEdit *field : m_screen->findChildren<QLineEdit *>())
+        lines << field->objectName() + u' ' + field->text();
+    lines.sort();
+    return lines.join(u'\n').replace(m_folder->path(), u"FOLDER"_s);
+}
+
+QString TestConfigSoft::stored() const
+{
+    QFile file(in(u"config/tavaro/Tavaro.ini"_s));
+    return file.open(QIODevice::ReadOnly)
+               ? QString::fromUtf8(file.readAll()).replace(m_folder->path(), u"FOLDER"_s)
+               : u"no file"_s;
+}
+
+void TestConfigSoft::loadingShowsTheDefaultsAndWritesNothing()
+{
+    const QSignalSpy announced(&Changes::instance(), &Changes::changed);
+    open();
+    QCOMPARE(shown(), u"cbocorfonte Preto\ncbocorfundo1 Branco\ncbocorfundo2 Branco\ncboffonte Arial\n"
+                      "cboftamanho 10\nchkalertavenc on\nchkatualizar on\nchkdica on\nchkiniciar off\n"
+                      "chkrede off\noptasc\ntxtcaminho FOLDER/programa/dados.qorvex\ntxtnome Tavaro\n"
+                      "txtslogan Organizando a sua vida financeira"_s);
+    QVERIFY(!QFile::exists(in(u"config"_s)));
+    QCOMPARE(announced.count(), 0);
+}
+
+void TestConfigSoft::loadingShowsWhatIsStored()
+{
+    using namespace settings;
+    setValue(startWithSystem, u"1"_s);
+    setValue(dueAlerts, u"0"_s);
+    setValue(updateBalances, u"0"_s);
+    setValue(tipOfTheDay, u"0"_s);
+    setValue(networkOn, u"1"_s);
+    setValue(databasePath, u"/rede/dados.qorvex"_s);
+    setValue(viewOrder, u"desc"_s);
+    setValue(fontName, u"Fonte que falta aqui"_s);
+    setValue(fontSize, u"13"_s);
+    setValue(textColourIndex, u"0"_s);
+    setValue(firstBackgroundIndex, u"77"_s);
+    setValue(secondBackgroundIndex, u"x"_s);
+    setValue(companyName, u" Loja "_s);
+    setValue(companySlogan, u""_s);
+    const QString before = stored();
+    open();
+    QCOMPARE(shown(), u"cbocorfonte Branco\ncbocorfundo1 \ncbocorfundo2 \ncboffonte Fonte que falta aqui\n"
+                      "cboftamanho 13\nchkalertavenc off\nchkatualizar off\nchkdica off\nchkiniciar on\n"
+                      "chkrede on\noptdesc\ntxtcaminho /rede/dados.qorvex\ntxtnome  Loja \ntxtslogan "_s);
+    QCOMPARE(stored(), before);
+}
+
+void TestConfigSoft::everyControlStoresAtOnce()
+{
+    open();
+    const QSignalSpy announced(&Changes::instance(), &Changes::changed);
+    control<QCheckBox>("chkiniciar")->click();
+    QVERIFY(QFile::exists(in(u"config/autostart/tavaro.desktop"_s)));
+    control<QCheckBox>("chkatualizar")->click();
+    control<QCheckBox>("chkdica")->click();
+    control<QRadioButton>("optdesc")->click();
+    QCOMPARE(settings::value(settings::viewOrder), u"DESC"_s);
+    control<QRadioButton>("optasc")->click();
+    control<QComboBox>("cboftamanho")->setCurrentText(u"14"_s);
+    control<QComboBox>("cbocorfonte")->setCurrentText(u"Azul"_s);
+    control<QComboBox>("cbocorfundo1")->setCurrentText(u"Preto"_s);
+    control<QComboBox>("cbocorfundo2")->setCurrentText(u"Amarelo claro"_s);
+    control<QComboBox>("cboffonte")->addItem(u"Outra fonte"_s);
+    control<QComboBox>("cboffonte")->setCurrentText(u"Outra fonte"_s);
+    QCOMPARE(announced.count(), 10);
+    control<QLineEdit>("txtnome")->selectAll();
+    QTest::keyClicks(control<QLineEdit>("txtnome"), u"Loja "_s);
+    control<QLineEdit>("txtslogan")->clear();
+    QCOMPARE(announced.count(), 16);
+    QCOMPARE(announced.at(0).at(0).value<Subject>(), Subject::Settings);
+    QCOMPARE(stored(),
+             u"[Configurações]\nIniciar=1\nAtualizarSaldo=0\nOrdem=ASC\nTamanhoFonte=14\n"
+             "Corfonte=&HA14D1B\nCorescolhidafonte=10\nCorFundo1=0\nCorescolhida=9\nCorFundo2=&HD0F7FF\n"
+             "Corescolhida2=2\nFontenome=Outra fonte\n\n"
+             "[configuracoes]\nExibir dica do dia=0\n\n"
+             "[Configurações\\relatorio]\nnome=Loja \nslogan=\n"_s);
+
+    control<QCheckBox>("chkiniciar")->click();
+    QVERIFY(!settings::isOn(settings::startWithSystem));
+    control<QCheckBox>("chkatualizar")->click();
+    QVERIFY(settings::isOn(settings::updateBalances));
+    control<QCheckBox>("chkdica")->click();
+    QCOMPARE(settings::value(settings::tipOfTheDay), u"1"_s);
+}
+
+void TestConfigSoft::switchingAlertsOffKeepsThem()
+{
+    open();
+    control<QCheckBox>("chkalertavenc")->click();
+    QCOMPARE(stored(), u"[Configurações]\nAertasVencimento=0\n"_s);
+    QVERIFY(settings::isOn(settings::dueAlerts));
+    settings::setValue(settings::dueAlerts, u"0"_s);
+    control<QCheckBox>("chkalertavenc")->click();
+    QCOMPARE(stored(), u"[Configurações]\nAertasVencimento=0\nAlertasVencimento=1\n"_s);
+}
+
+void TestConfigSoft::networkDatabase()
+{
+    settings::setValue(settings::databasePath, u"/rede/dados.qorvex"_s);
+    open();
+    auto *network = control<QCheckBox>("chkrede");
+    network->click();
+    QCOMPARE(stored(), u"[Configurações]\nRedeLocal=/rede/dados.qorvex\nEmRede=1\n"_s);
+    network->click();
+    QCOMPARE(stored(), u"[Configurações]\nRedeLocal=SemRede\nEmRede=0\n"_s);
+    QCOMPARE(control<QLineEdit>("txtcaminho")->text(), in(u"programa/dados.qorvex"_s));
+    network->click();
+    QCOMPARE(stored(), u"[Configurações]\nRedeLocal=FOLDER/programa/dados.qorvex\nEmRede=1\n"_s);
+}
+
+void TestConfigSoft::networkFileIsChosen()
+{
+    QFile file(in(u"outro.qorvex"_s));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    open();
+    QString asked;
+    const auto answer = [&](bool accept) {
+        QTimer::singleShot(0, m_screen.get(), [&asked, this, accept] {
+            auto *chooser = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+            QVERIFY(chooser);
+            asked = chooser->windowTitle() + u'|' + chooser->nameFilters().join(u'|');
+            chooser->selectFile(in(u"outro.qorvex"_s));
+            QMetaObject::invokeMethod(chooser, accept ? "accept" : "reject");
+        });
+        control<QPushButton>("cmdlocal")->click();
+    };
+    answer(false);
+    QCOMPARE(asked, u"Abrir Banco de dados em rede|Arquivos de Banco de dados do software (*.qorvex)"_s);
+    QCOMPARE(stored(), u"no file"_s);
+    answer(true);
+    QCOMPARE(stored(), u"[Configurações]\nRedeLocal=FOLDER/outro.qorvex\n"_s);
+    QCOMPARE(control<QLineEdit>("txtcaminho")->text(), in(u"outro.qorvex"_s));
+}
+
+void TestConfigSoft::aFailedSaveIsToldAndTakenBack_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char *name :
+         {"chkiniciar", "chkalertavenc", "chkatualizar", "chkdica", "chkrede", "optdesc", "cboffonte",
+          "cboftamanho", "cbocorfonte", "cbocorfundo1", "cbocorfundo2", "txtnome", "txtslogan"})
+        QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+void TestConfigSoft::aFailedSaveIsToldAndTakenBack()
+{
+    QFETCH(QString, name);
+    QVERIFY(QDir().mkpath(in(u"config/tavaro/Tavaro.ini"_s))); // a folder in the file's place
+    open();
+    const QSignalSpy announced(&Changes::instance(), &Changes::changed);
+    const QString before = shown();
+    QStringList told;
+    QTimer::singleShot(0, m_screen.get(), [&told] {
+        while (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
+            told << box->text();
+            box->accept();
+        }
+    });
+    QWidget *changed = m_screen->findChild<QWidget *>(name);
+    if (auto *button = qobject_cast<QAbstractButton *>(changed))
+        button->click();
+    else if (auto *box = qobject_cast<QComboBox *>(changed))
+        box->setCurrentIndex(box->currentIndex() == 0 ? 1 : 0);
+    else
+        QTest::keyClick(changed, Qt::Key_X);
+    QCOMPARE(told.size(), 1);
+    QVERIFY2(told.first().startsWith(u"Ocorreu o seguinte erro: Não foi possível gravar o arquivo"_s),
+             qPrintable(told.first()));
+    QCOMPARE(shown(), before);
+    QCOMPARE(announced.count(), 0);
+}
+
+void TestConfigSoft::escapeCloses()
+{
+    open();
+    QTest::keyClick(m_screen.get(), Qt::Key_Escape);
+    QVERIFY(!m_screen->isVisible());
+    open();
+    QVERIFY(m_screen->minimumSizeHint().width() <= 1366 && m_screen->minimumSizeHint().height() <= 700);
+    control<QPushButton>("cmdsair")->click();
+    QVERIFY(!m_screen->isVisible());
+}
+
+QTEST_MAIN(TestConfigSoft)
+#include "tst_configsoft.moc"
