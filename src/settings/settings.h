@@ -3,8 +3,9 @@
 #include <QString>
 #include <QStringView>
 
-/// The per-user settings: texts addressed by application, section and key, in any letter case. They live in one file per
-/// application under $XDG_CONFIG_HOME/tavaro, readable by the owner only, and are written the moment they change.
+/// The per-user settings: texts addressed by application, section and key, in any letter case. They live in
+/// one file per application under $XDG_CONFIG_HOME/tavaro, readable by the owner only, and are written the
+/// moment they change.
 namespace settings {
 
 struct Key
@@ -59,12 +60,15 @@ QString value(const Key &key);
 /// Stores at once. Throws Error::Kind::File when the file cannot be written.
 void setValue(const Key &key, const QString &value);
 /// The general form, for keys under another application's name.
-QString read(const QString &application, const QString &section, const QString &key, const QString &defaultValue);
-void write(const QString &application, const QString &section, const QString &key, const QString &value);
+QString read(const QString &appName, const QString &section, const QString &key, const QString &defaultValue);
+void write(const QString &appName, const QString &section, const QString &key, const QString &value);
 
 /// Where the settings files live; reads them again when it changes. For tests and --pasta-free installations.
 void setFolder(const QString &folder);
 
-inline bool isOn(const Key &key) { return value(key) == u"1"; }
-
+inline bool isOn(const Key &key)
+{
+    return value(key) == u"1";
 }
+
+} // namespace settings

@@ -1,0 +1,132 @@
+#include "settings/settings.h"
+
+#include "data/error.h"
+#include "settings/inifile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QLockFile>
+#include <QStandardPaths>
+
+#include <sys/stat.h>
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace settings {
+
+namespace {
+
+/// Tells one state of a file from another, across replacement as well as rewriting.
+struct Stamp
+{
+    quint64 inode = 0;
+    qint64 seconds = 0, nanoseconds = 0, size = -1;
+
+    bool operator==(const Stamp &) const = default;
+
+    static Stamp of(const QString &path)
+    {
+        struct stat status = {};
+        if (::stat(QFile::encodeName(path).constData(), &status) != 0)
+            return {};
+        return {status.st_ino, status.st_mtim.tv_sec, status.st_mtim.tv_nsec, status.st_size};
+    }
+};
+
+struct Loaded
+{
+    IniFile file;
+    Stamp stamp;
+};
+
+struct Store
+{
+    QString folder;
+    QHash<QString, std::optional<Loaded>> applications; ///< by folded name
+};
+
+Store &store()
+{
+    static Store instance{
+        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/tavaro"_s, {}};
+    return instance;
+}
+
+QString pathFor(const QString &application)
+{
+    const QString wanted = application + u".ini"_s;
+    const QDir folder(store().folder);
+    for (const QString &name : folder.entryList(QDir::Files | QDir::Hidden)) {
+        if (name.compare(wanted, Qt::CaseInsensitive) == 0)
+            return folder.filePath(name);
+    }
+    return folder.filePath(wanted);
+}
+
+/// The application's settings as the file has them now.
+Loaded &current(const QString &application)
+{
+    std::optional<Loaded> &loaded = store().applications[application.toCaseFolded()];
+    const QString path = loaded ? loaded->file.path() : pathFor(application);
+    const Stamp stamp = Stamp::of(path);
+    if (!loaded || loaded->stamp != stamp)
+        loaded = Loaded{IniFile(path), stamp};
+    return *loaded;
+}
+
+void makeFolder()
+{
+    const QDir folder(store().folder);
+    if (folder.exists())
+        return;
+    const QDir above(QFileInfo(folder.absolutePath()).path());
+    const bool made =
+        above.mkpath(u"."_s) &&
+        QDir(above).mkdir(folder.absolutePath(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    if (!made && !folder.exists())
+        throw Error(Error::Kind::File,
+                    u"Não foi possível criar a pasta \"%1\"."_s.arg(folder.absolutePath()));
+}
+
+} // namespace
+
+QString read(const QString &appName, const QString &section, const QString &key, const QString &defaultValue)
+{
+    return current(appName).file.value(section, key, defaultValue);
+}
+
+void write(const QString &appName, const QString &section, const QString &key, const QString &value)
+{
+    makeFolder();
+    QLockFile lock(store().folder + u'/' + appName + u".lock"_s);
+    lock.tryLock(
+        2000); // so that two running programs keep each other's keys; saving matters more than waiting
+
+    Loaded &loaded = current(appName);
+    IniFile changed = loaded.file;
+    changed.setValue(section, key, value);
+    changed.save();
+    loaded = Loaded{std::move(changed), Stamp::of(loaded.file.path())};
+}
+
+QString value(const Key &key)
+{
+    return read(application.toString(), key.section.toString(), key.name.toString(),
+                key.defaultValue.toString());
+}
+
+void setValue(const Key &key, const QString &value)
+{
+    write(application.toString(), key.section.toString(), key.name.toString(), value);
+}
+
+void setFolder(const QString &folder)
+{
+    store() = Store{folder, {}};
+}
+
+} // namespace settings

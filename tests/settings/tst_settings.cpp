@@ -1,0 +1,299 @@
+#include "data/error.h"
+#include "settings/autostart.h"
+#include "settings/inifile.h"
+#include "settings/listlayout.h"
+#include "settings/programfolder.h"
+#include "settings/settings.h"
+
+#include <QDir>
+#include <QFile>
+#include <QLocale>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+class TestSettings : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void keysAreFoundInAnyLetterCase();
+    void anyTextComesBack_data();
+    void anyTextComesBack();
+    void defaultsOfAFreshInstallation();
+    void theFileIsTheOwnersOnly();
+    void anotherProgramsChangeIsSeenAndKept();
+    void anUnwritableFolderIsReportedAndChangesNothing();
+    void foreignFilesAreRead_data();
+    void foreignFilesAreRead();
+    void layoutsComeBack();
+    void brokenLayoutsGiveDefaults();
+    void startWithTheSystem();
+    void registryPathsAreChecked_data();
+    void registryPathsAreChecked();
+    void userFolderIsFilledOnce();
+    void namedFolder();
+
+private:
+    QString in(const QString &name) const { return m_folder->filePath(name); }
+    static void put(const QString &path, const QByteArray &bytes);
+    static QByteArray bytes(const QString &path);
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void TestSettings::init()
+{
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    m_folder = std::make_unique<QTemporaryDir>();
+    qputenv("XDG_CONFIG_HOME", in(u"config"_s).toUtf8());
+    qputenv("XDG_DATA_HOME", in(u"data"_s).toUtf8());
+    settings::setFolder(in(u"config/tavaro"_s));
+    QVERIFY(QDir().mkpath(in(u"programa"_s)));
+    programfolder::choose(in(u"programa"_s));
+}
+
+void TestSettings::put(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(bytes), bytes.size());
+}
+
+QByteArray TestSettings::bytes(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
+}
+
+void TestSettings::keysAreFoundInAnyLetterCase()
+{
+    settings::write(u"Tavaro"_s, u"Configurações"_s, u"VisualizarDadosbancario"_s, u"2"_s);
+    QCOMPARE(settings::value(settings::bankViewPeriod), u"2"_s);
+    QCOMPARE(settings::read(u"TAVARO"_s, u"CONFIGURAÇÕES"_s, u"visualizardadosBANCARIO"_s, u"0"_s), u"2"_s);
+    settings::setFolder(in(u"config/tavaro"_s)); // read from the file, not from memory
+    QCOMPARE(settings::read(u"tavaro"_s, u"CONFIGURAÇÕES"_s, u"visualizardadosBANCARIO"_s, u"0"_s), u"2"_s);
+    QCOMPARE(settings::read(u"Tavaro"_s, u"configuracoes"_s, u"VisualizarDadosBancario"_s, u"0"_s), u"0"_s);
+    QCOMPARE(settings::read(u"Adm Tavaro"_s, u"Configurações"_s, u"VisualizarDadosBancario"_s, u"0"_s),
+             u"0"_s);
+    QCOMPARE(settings::read(u"Tavaro"_s, u"Configurações\\relatorio"_s, u"VisualizarDadosBancario"_s, u"0"_s),
+             u"0"_s);
+}
+
+void TestSettings::anyTextComesBack_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("empty") << u""_s;
+    QTest::newRow("blanks at the ends") << u"  Loja da Ana  "_s;
+    QTest::newRow("lines") << u"um\ndois\r\ntrês"_s;
+    QTest::newRow("backslashes") << u"\\\\servidor\\nova\\rede\\"_s;
+    QTest::newRow("signs of the file format") << u"[a]=b;c#d"_s;
+    QTest::newRow("beyond the BMP") << u"ação €😀"_s;
+}
+
+void TestSettings::anyTextComesBack()
+{
+    QFETCH(QString, text);
+    settings::setValue(settings::companyName, text);
+    settings::setValue(settings::companySlogan, u"depois"_s);
+    settings::setFolder(in(u"config/tavaro"_s));
+    QCOMPARE(settings::value(settings::companyName), text);
+    QCOMPARE(settings::value(settings::companySlogan), u"depois"_s);
+}
+
+void TestSettings::defaultsOfAFreshInstallation()
+{
+    QCOMPARE(settings::value(settings::databasePath), u"SemRede"_s);
+    QCOMPARE(settings::value(settings::textColourIndex), u"9"_s);
+    QVERIFY(settings::isOn(settings::dueAlerts));
+    QVERIFY(!QFile::exists(in(u"config"_s)));
+
+    const ListLayout layout = listlayout::load(listlayout::receivables());
+    QCOMPARE(layout.widths.at(0), 0.0);
+    QCOMPARE(layout.widths.at(1), 1319.8111);
+    QCOMPARE(layout.positions, std::vector<int>({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13}));
+    QVERIFY(!QFile::exists(in(u"programa/receber.ini"_s)));
+}
+
+void TestSettings::theFileIsTheOwnersOnly()
+{
+    settings::setValue(settings::viewOrder, u"DESC"_s);
+    const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther |
+                        QFile::WriteOther | QFile::ExeOther;
+    QVERIFY(!(QFile::permissions(in(u"config/tavaro"_s)) & others));
+    QVERIFY(!(QFile::permissions(in(u"config/tavaro/Tavaro.ini"_s)) & others));
+    QVERIFY(QFile::setPermissions(in(u"config/tavaro/Tavaro.ini"_s), QFile::ReadOwner | others));
+    settings::setValue(settings::viewOrder, u"ASC"_s);
+    QVERIFY(!(QFile::permissions(in(u"config/tavaro/Tavaro.ini"_s)) & others));
+    QCOMPARE(QDir(in(u"config/tavaro"_s)).entryList(QDir::Files | QDir::Hidden), {u"Tavaro.ini"_s});
+}
+
+void TestSettings::anotherProgramsChangeIsSeenAndKept()
+{
+    settings::setValue(settings::viewOrder, u"DESC"_s);
+    IniFile other(in(u"config/tavaro/Tavaro.ini"_s));
+    other.setValue(u"configurações"_s, u"fontenome"_s, u"Courier"_s);
+    other.save();
+    QCOMPARE(settings::value(settings::fontName), u"Courier"_s);
+
+    other.setValue(u"configurações"_s, u"fontenome"_s, u"Times"_s);
+    other.save();
+    settings::setValue(settings::fontSize, u"12"_s);
+    const IniFile onDisk(other.path());
+    QCOMPARE(onDisk.value(u"Configurações"_s, u"Fontenome"_s, {}), u"Times"_s);
+    QCOMPARE(onDisk.value(u"Configurações"_s, u"TamanhoFonte"_s, {}), u"12"_s);
+    QCOMPARE(onDisk.value(u"Configurações"_s, u"Ordem"_s, {}), u"DESC"_s);
+
+    QVERIFY(QFile::remove(other.path()));
+    QCOMPARE(settings::value(settings::fontName), u"Arial"_s);
+}
+
+void TestSettings::anUnwritableFolderIsReportedAndChangesNothing()
+{
+    put(in(u"config"_s), "a file where the folder should be");
+    QVERIFY_THROWS_EXCEPTION(Error, settings::setValue(settings::viewOrder, u"DESC"_s));
+    QCOMPARE(settings::value(settings::viewOrder), u"ASC"_s);
+
+    // A folder in the file's place makes the last step of a save fail.
+    settings::setFolder(in(u"other"_s));
+    QVERIFY(QDir().mkpath(in(u"other/Tavaro.ini/x"_s)));
+    QVERIFY_THROWS_EXCEPTION(Error, settings::setValue(settings::viewOrder, u"DESC"_s));
+    QCOMPARE(settings::value(settings::viewOrder), u"ASC"_s);
+    QCOMPARE(QDir(in(u"other"_s)).entryList(QDir::Files | QDir::Hidden), QStringList());
+}
+
+void TestSettings::foreignFilesAreRead_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("CR LF, Latin-1") << QByteArray("[TAMANHO]\r\ndescri\xE7\xE3o=1319,8111\r\n");
+    QTest::newRow("UTF-8 with mark") << QByteArray("\xEF\xBB\xBF[tamanho]\ndescrição=1319,8111");
+    QTest::newRow("comments, blanks, lost lines")
+        << QByteArray("; TAMANHO\nrubbish\n\n [TAMANHO] \n#DESCRIÇÃO=1\n=2\n DESCRIÇÃO =1319,8111\n");
+    QTest::newRow("the first counts")
+        << QByteArray("[TAMANHO]\ndescrição=1319,8111\nDESCRIÇÃO=3\n[x]\n[tamanho]\n"
+                      "descrição=4\n");
+}
+
+void TestSettings::foreignFilesAreRead()
+{
+    QFETCH(QByteArray, bytes);
+    put(in(u"a.ini"_s), bytes);
+    QCOMPARE(IniFile(in(u"a.ini"_s)).value(u"Tamanho"_s, u"Descrição"_s, u"default"_s), u"1319,8111"_s);
+}
+
+void TestSettings::layoutsComeBack()
+{
+    ListLayout layout = listlayout::load(listlayout::movements());
+    layout.widths.at(2) = 1234.5;
+    std::swap(layout.positions.at(1), layout.positions.at(7));
+    listlayout::save(listlayout::movements(), layout);
+    QCOMPARE(bytes(in(u"programa/bancario.ini"_s)),
+             QByteArray("[TAMANHO]\nid=0\ndata=1319,8111\ntipo=1234,5\norigem=2140,1575\ndestino=2140,1575\n"
+                        "valor=1339,6536\nestatus=1340,2206\ninfo=2839,7483\n\n"
+                        "[POSICAO]\nposicao1=1\nposicao2=8\nposicao3=3\nposicao4=4\nposicao5=5\nposicao6=6\n"
+                        "posicao7=7\nposicao8=2\n"));
+    const ListLayout loaded = listlayout::load(listlayout::movements());
+    QCOMPARE(loaded.widths, layout.widths);
+    QCOMPARE(loaded.positions, layout.positions);
+}
+
+void TestSettings::brokenLayoutsGiveDefaults()
+{
+    put(in(u"programa/bancario.ini"_s), "[tamanho]\r\nDATA= 900,5\r\ntipo=abc\r\norigem=-5\r\ndestino=nan\r\n"
+                                        "valor=1e99\r\nestatus=\r\n[posicao]\r\nposicao1=2\r\n");
+    const ListLayout layout = listlayout::load(listlayout::movements());
+    QCOMPARE(layout.widths, std::vector<double>({0, 900.5, 2940.0948, 2140.1575, 2140.1575, 1339.6536,
+                                                 1340.2206, 2839.7483}));
+    QCOMPARE(layout.positions, std::vector<int>({1, 2, 3, 4, 5, 6, 7, 8}));
+}
+
+void TestSettings::startWithTheSystem()
+{
+    const QString odd = in(u"Meus 100% \"bons\" $dados"_s);
+    QVERIFY(QDir().mkpath(odd));
+    programfolder::choose(odd);
+    QCOMPARE(autostart::setEnabled(true), QString());
+    QVERIFY(settings::isOn(settings::startWithSystem));
+    const QString path = in(u"config/autostart/tavaro.desktop"_s);
+    QByteArray expected =
+        "[Desktop Entry]\nType=Application\nName=Tavaro\nComment=Controle financeiro e de estoque\n"
+        "Exec=\"PROGRAM\" --pasta \"FOLDER/Meus 100%% \\\\\"bons\\\\\" \\\\$dados\"\nHidden=false\n";
+    expected.replace("PROGRAM", QCoreApplication::applicationFilePath().toUtf8());
+    expected.replace("FOLDER", m_folder->path().toUtf8());
+    QCOMPARE(bytes(path), expected);
+
+    QCOMPARE(autostart::setEnabled(false), QString());
+    QVERIFY(!settings::isOn(settings::startWithSystem));
+    const IniFile off(path);
+    QCOMPARE(off.value(u"Desktop Entry"_s, u"Exec"_s, u"none"_s), QString());
+    QCOMPARE(off.value(u"Desktop Entry"_s, u"Hidden"_s, u"none"_s), u"true"_s);
+
+    // The setting is saved although the value cannot be written.
+    QVERIFY(QFile::remove(path));
+    QVERIFY(QDir().mkpath(path + u"/x"_s));
+    QCOMPARE(autostart::setEnabled(true), u"Can't Write Key"_s);
+    QVERIFY(settings::isOn(settings::startWithSystem));
+}
+
+void TestSettings::registryPathsAreChecked_data()
+{
+    QTest::addColumn<QString>("message");
+    QTest::newRow("HKEY_LOCAL_MACHINE\\software\\microsoft\\windows\\currentversion\\run") << QString();
+    QTest::newRow("HKEY_LOCAL_MACHINE\\SOFTWARE\\Other") << u"Can't Open Key"_s;
+    QTest::newRow("HKEY_USERS") << u"Can't Open Key"_s;
+    QTest::newRow("HKEY_OTHER\\SOFTWARE") << u"Incorrect Format:HKEY_OTHER\\SOFTWARE"_s;
+    QTest::newRow("SOFTWARE\\HKEY_USERS") << u"Incorrect Format:SOFTWARE\\HKEY_USERS"_s;
+    QTest::newRow("") << u"Incorrect Format:"_s;
+}
+
+void TestSettings::registryPathsAreChecked()
+{
+    QFETCH(QString, message);
+    QCOMPARE(autostart::writeValue(QString::fromLatin1(QTest::currentDataTag()), u"Corvel"_s, u"x"_s),
+             message);
+    QCOMPARE(QFile::exists(in(u"config/autostart/tavaro.desktop"_s)), message.isEmpty());
+    QCOMPARE(autostart::errorText(5), u"Access to this key is denied"_s);
+    QCOMPARE(autostart::errorText(4711), u"Undefined Error Code:  4711"_s);
+}
+
+void TestSettings::userFolderIsFilledOnce()
+{
+    const QString delivered = in(u"delivered"_s);
+    QVERIFY(QDir().mkpath(delivered + u"/sub"_s));
+    put(delivered + u"/dados.qorvex"_s, "database");
+    put(delivered + u"/dicas.txt"_s, "tips");
+    put(delivered + u"/tavaro"_s, "program");
+    QVERIFY(QFile::setPermissions(delivered + u"/dados.qorvex"_s, QFile::ReadOwner | QFile::ReadOther));
+    QVERIFY(QFile::setPermissions(delivered + u"/tavaro"_s, QFile::ReadOwner | QFile::ExeOwner));
+
+    const QDir folder(programfolder::userFolder(delivered));
+    QCOMPARE(folder.path(), in(u"data/tavaro"_s));
+    QCOMPARE(folder.entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+             QStringList({u"dados.qorvex"_s, u"dicas.txt"_s}));
+    QVERIFY(QFile::permissions(folder.filePath(u"dados.qorvex"_s)) & QFile::WriteOwner);
+    QCOMPARE(QDir(in(u"data"_s)).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), {u"tavaro"_s});
+
+    put(folder.filePath(u"dicas.txt"_s), "my tips");
+    QVERIFY(QFile::remove(folder.filePath(u"dados.qorvex"_s)));
+    put(delivered + u"/fundo.gif"_s, "picture");
+    QCOMPARE(programfolder::userFolder(delivered), folder.path());
+    QCOMPARE(bytes(folder.filePath(u"dicas.txt"_s)), QByteArray("my tips"));
+    QCOMPARE(bytes(folder.filePath(u"fundo.gif"_s)), QByteArray("picture"));
+    QVERIFY(!QFile::exists(folder.filePath(u"dados.qorvex"_s)));
+}
+
+void TestSettings::namedFolder()
+{
+    programfolder::choose(in(u"programa/"_s));
+    QCOMPARE(programfolder::file(u"dados.qorvex"_s), in(u"programa/dados.qorvex"_s));
+    QVERIFY_THROWS_EXCEPTION(Error, programfolder::choose(in(u"missing"_s)));
+    QCOMPARE(programfolder::path(), in(u"programa"_s));
+    QVERIFY(!QFile::exists(in(u"missing"_s)));
+}
+
+QTEST_GUILESS_MAIN(TestSettings)
+#include "tst_settings.moc"
