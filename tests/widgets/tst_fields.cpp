@@ -479,7 +479,7 @@ void tst_fields::waitScreenOnlyForLongWork()
     {
         WaitProgress progress(nullptr, u"Carregando contas a pagar"_s, u"Por favor aguarde"_s);
         const auto work = [&] {
-            progress.begin([&asked] { return qint64(++asked * rows); });
+            progress.begin([&asked] { return qint64(++asked) * rows; });
             for (int row = 1; row <= rows; ++row) {
                 runs.expect();
                 progress.advance(row);
