@@ -5,8 +5,8 @@
 
 namespace {
 
-constexpr std::size_t smallestBlock = 4 * 1024;
-constexpr std::size_t largestBlock = 1024 * 1024;
+constexpr std::size_t smallestBlock = 4096;
+constexpr std::size_t largestBlock = 1048576;
 
 std::uint32_t endOfCell(const char *row, int column)
 {
@@ -85,6 +85,6 @@ void RowStore::clear()
 
 qint64 RowStore::totalBytes() const
 {
-    return qint64(m_allocated + m_rows.capacity() * sizeof(const char *) +
-                  m_blocks.capacity() * sizeof(std::unique_ptr<char[]>));
+    return qint64(m_allocated) + qint64(m_rows.capacity() * sizeof(const char *)) +
+           qint64(m_blocks.capacity() * sizeof(std::unique_ptr<char[]>));
 }

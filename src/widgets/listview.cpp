@@ -19,11 +19,16 @@ namespace {
 
 constexpr double twipsPerPixel = 15;
 
-/// Shows the whole text of a cell that is cut off.
+/// Gives the rows some air and shows the whole text of a cell that is cut off.
 class CellDelegate : public QStyledItemDelegate
 {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, option.fontMetrics.height() / 3);
+    }
 
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
                    const QModelIndex &index) override

@@ -1,5 +1,7 @@
 #include "data/clock.h"
+#include "settings/programfolder.h"
 #include "support/boxes.h"
+#include "widgets/background.h"
 #include "widgets/dateedit.h"
 #include "widgets/files.h"
 #include "widgets/formkeys.h"
@@ -12,6 +14,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDir>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -22,6 +25,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -73,6 +77,8 @@ private Q_SLOTS:
     void fileChoosers();
     void boxesNeedNoAnswer();
     void waitScreenOnlyForLongWork();
+    void backgroundIsAQuietMarkInTheCorner_data();
+    void backgroundIsAQuietMarkInTheCorner();
 };
 
 void tst_fields::moneyTyped_data()
@@ -368,9 +374,11 @@ void tst_fields::messageBoxes()
 void tst_fields::topmostParentStepsBack()
 {
     QWidget screen;
+    screen.setGeometry(50, 60, 300, 200);
     screen.show();
+    const WId window = screen.winId();
+    const QRect place = screen.geometry();
     topmost::set(&screen, u"ativo");
-    QVERIFY(screen.isVisible());
     QString during;
     QTimer::singleShot(0, &screen, [&] {
         during =
@@ -383,6 +391,9 @@ void tst_fields::topmostParentStepsBack()
     topmost::set(&screen, u"desativo");
     QVERIFY(!screen.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
     QVERIFY(!screen.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    QVERIFY(screen.isVisible());
+    QCOMPARE(screen.winId(), window); // the native window was not made anew
+    QCOMPARE(screen.geometry(), place);
 }
 
 void tst_fields::errorsShowTheirPrefix()
@@ -468,7 +479,7 @@ void tst_fields::waitScreenOnlyForLongWork()
     {
         WaitProgress progress(nullptr, u"Carregando contas a pagar"_s, u"Por favor aguarde"_s);
         const auto work = [&] {
-            progress.begin([&asked] { return qint64(++asked * rows); });
+            progress.begin([&asked] { return qint64(++asked) * rows; });
             for (int row = 1; row <= rows; ++row) {
                 runs.expect();
                 progress.advance(row);
@@ -485,6 +496,38 @@ void tst_fields::waitScreenOnlyForLongWork()
         QVERIFY2(runs.count > 1 && runs.count <= 52, qPrintable(QString::number(runs.count)));
     }
     QVERIFY(!isShown());
+}
+
+void tst_fields::backgroundIsAQuietMarkInTheCorner_data()
+{
+    QTest::addColumn<QColor>("window");
+    QTest::addColumn<QColor>("text");
+    QTest::newRow("light") << QColor(240, 240, 240) << QColor(Qt::black);
+    QTest::newRow("dark") << QColor(40, 40, 40) << QColor(Qt::white);
+}
+
+void tst_fields::backgroundIsAQuietMarkInTheCorner()
+{
+    QFETCH(QColor, window);
+    QFETCH(QColor, text);
+    const QTemporaryDir folder;
+    programfolder::choose(folder.path());
+    QImage picture(300, 300, QImage::Format_RGB32); // black, with a white upper half
+    picture.fill(Qt::black);
+    QPainter(&picture).fillRect(0, 0, 300, 150, Qt::white);
+    QVERIFY(picture.save(folder.filePath(u"fundo.gif"_s), "PNG"));
+    QWidget screen;
+    screen.resize(600, 300);
+    QPalette palette;
+    palette.setColor(QPalette::Window, window);
+    palette.setColor(QPalette::WindowText, text);
+    screen.setPalette(palette);
+    background::apply(&screen);
+    const QImage shown = screen.grab().toImage();
+    QCOMPARE(shown.pixelColor(520, 220), window);
+    QCOMPARE(shown.pixelColor(490, 280), window);
+    const int difference = std::abs(shown.pixelColor(550, 280).lightness() - window.lightness());
+    QVERIFY2(difference > 5 && difference < 40, qPrintable(QString::number(difference)));
 }
 
 QTEST_MAIN(tst_fields)

@@ -94,7 +94,7 @@ private Q_SLOTS:
 void tst_listview::rowStoreKeepsTexts()
 {
     RowStore rows(3);
-    const std::string large(3 * 1024 * 1024, 'x');
+    const std::string large(3'000'000, 'x');
     for (int i = 0; i < 20000; ++i) {
         const std::string number = std::to_string(i);
         rows.append({number, i == 7 ? std::string_view(large) : std::string_view("ação"), ""});
@@ -274,7 +274,7 @@ void tst_listview::manyRows()
         const std::string number = std::to_string((i * 7919) % count);
         rows.append({number, "01/03/2026", "Fornecedor " + number, "R$ " + number + ",00", number});
     }
-    QVERIFY(rows.totalBytes() < rows.textBytes() + qint64(count) * (5 * 5 + 8) + 2 * 1024 * 1024);
+    QVERIFY(rows.totalBytes() < rows.textBytes() + qint64(count) * (5 * 5 + 8) + 2'000'000);
     shown.list.setRows(std::move(rows));
     for (int column = 0; column < 5; ++column)
         shown.list.sortByColumn(column, Qt::DescendingOrder);
