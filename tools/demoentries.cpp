@@ -31,13 +31,14 @@ QString freeText(const QString &text)
 /// Binds the columns in which payables and receivables are alike and runs the statement.
 void insertRow(Statement &insert, const DemoRow &row)
 {
-    const std::array texts{row.status,   row.account, row.contact,
-                           row.day,      row.due,     row.centre,
-                           row.document, row.remark,  demoshop::amount(row.value),
-                           row.currency, row.product, row.method};
+    const std::array texts{
+        row.status,   row.account, row.contact,
+        row.day,      row.due,     row.centre,
+        row.document, row.remark,  demoshop::amount(row.value),
+        row.currency, row.product, row.quantity == 0 ? QString() : QString::number(row.quantity),
+        row.method};
     for (std::size_t i = 0; i < texts.size(); ++i)
         insert.bind(int(i) + 1, texts[i]);
-    insert.bind(int(texts.size()) + 1, row.quantity);
     insert.step();
     insert.reset();
 }
@@ -63,7 +64,7 @@ void DemoEntries::writePayables(const DemoContacts &suppliers)
     Statement insert = m_connection.prepareNative(
         "insert into pagar (estatus, origem, fornecedor, data, vencimento, descricao, documento, "
         "informacoes, valor,"
-        " moeda, produto, pagamento, qtde) values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+        " moeda, produto, qtde, pagamento) values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
     const qint64 count = (m_options.entries + 1) / 2;
     for (qint64 i = 0; i < count; ++i) {
         DemoRow payable = row(i, count);
@@ -83,7 +84,7 @@ void DemoEntries::writeReceivables(const DemoContacts &clients)
     Statement insert = m_connection.prepareNative(
         "insert into receber (estatus, origem, cliente, data, vencimento, descricao, documento, informacoes, "
         "valor,"
-        " moeda, produto, pagamento, qtde, custo) values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+        " moeda, produto, qtde, pagamento, custo) values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
     const qint64 count = m_options.entries / 2;
     for (qint64 i = 0; i < count; ++i) {
         DemoRow receivable = row(i, count);
