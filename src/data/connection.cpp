@@ -371,9 +371,9 @@ int Connection::execute(const QString &sql)
     return sqlite3_total_changes(m_database) - before;
 }
 
-Statement Connection::prepare(const QString &sql)
+Statement Connection::prepare(const QString &sql, dialect::RowOrder order)
 {
-    return prepareNative(dialect::translate(sql).sql.toUtf8());
+    return prepareNative(dialect::translate(sql, dialect::RowKey::Omitted, order).sql.toUtf8());
 }
 
 Statement Connection::prepareNative(const QByteArray &sql)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/dialect.h"
 #include "data/error.h"
 
 #include <QByteArray>
@@ -69,7 +70,7 @@ public:
     /// Runs one statement and returns how many rows it changed.
     int execute(const QString &sql);
     /// Prepares one statement of the program's dialect.
-    Statement prepare(const QString &sql);
+    Statement prepare(const QString &sql, dialect::RowOrder order = dialect::RowOrder::Insertion);
     /// Prepares one statement of the store's own dialect, with "?" parameters.
     Statement prepareNative(const QByteArray &sql);
     /// Runs any number of statements of the store's own dialect.

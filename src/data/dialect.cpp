@@ -92,11 +92,11 @@ public:
             throw Error(Error::Kind::Query, u"O comando ao banco de dados está vazio."_s);
     }
 
-    Translation run(RowKey rowKey)
+    Translation run(RowKey rowKey, RowOrder rowOrder)
     {
         rewriteLikes();
         if (m_tokens.front().is(u"select"))
-            return select(rowKey);
+            return select(rowKey, rowOrder);
         if (m_tokens.front().is(u"delete") && m_tokens.size() > 1 && m_tokens[1].isSymbol(u'*'))
             m_tokens.erase(m_tokens.begin() + 1);
         if (m_tokens.front().is(u"update"))
@@ -170,7 +170,7 @@ private:
     Clauses clauses() const;
     QString singleTable(const Clauses &at) const;
     bool aggregates(const Clauses &at) const;
-    Translation select(RowKey rowKey) const;
+    Translation select(RowKey rowKey, RowOrder rowOrder) const;
     QString orderTerm(std::size_t begin, std::size_t end, bool compound) const;
     QStringList orderTerms(const Clauses &at) const;
     QString distinctRows(const Clauses &at) const;
@@ -331,7 +331,7 @@ QStringList Translator::orderTerms(const Clauses &at) const
     return terms;
 }
 
-Translation Translator::select(RowKey rowKey) const
+Translation Translator::select(RowKey rowKey, RowOrder rowOrder) const
 {
     const Clauses at = clauses();
     const QString table = singleTable(at);
@@ -345,7 +345,7 @@ Translation Translator::select(RowKey rowKey) const
 
     QStringList terms = orderTerms(at);
     const bool plainRows = !table.isEmpty() && !at.distinct && !grouped;
-    if (plainRows)
+    if (plainRows && rowOrder == RowOrder::Insertion)
         terms << u"rowid"_s;
     const bool wholeRows = plainRows && at.from - at.list == 1 && m_tokens[at.list].isSymbol(u'*');
     const bool withKey = wholeRows && rowKey == RowKey::Appended;
@@ -400,9 +400,9 @@ QString Translator::distinctValues(const Clauses &at, const Column &column) cons
 
 } // namespace
 
-Translation translate(QStringView sql, RowKey rowKey)
+Translation translate(QStringView sql, RowKey rowKey, RowOrder rowOrder)
 {
-    return Translator(sql).run(rowKey);
+    return Translator(sql).run(rowKey, rowOrder);
 }
 
 QString bareTableName(QStringView text)

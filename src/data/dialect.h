@@ -33,9 +33,12 @@ struct Translation
 
 /// Whether a `SELECT *` on one table yields the store's row number as one more, last column.
 enum class RowKey { Omitted, Appended };
+/// Whether rows without ORDER BY come as they were inserted, or as the store finds them fastest: for sums.
+enum class RowOrder { Insertion, Any };
 
 /// Throws Error::Kind::Query for an unclosed quote or bracket, a comment, and for anything after a first ";".
-Translation translate(QStringView sql, RowKey rowKey = RowKey::Omitted);
+Translation translate(QStringView sql, RowKey rowKey = RowKey::Omitted,
+                      RowOrder rowOrder = RowOrder::Insertion);
 
 /// The name of a table when the text is nothing else, ready to stand in a statement; empty otherwise.
 QString bareTableName(QStringView text);

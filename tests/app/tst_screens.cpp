@@ -61,9 +61,9 @@ public:
     {
         auto *field = find<QLineEdit>(name);
         field->window()->activateWindow();
-        if (!QTest::qWaitForWindowActive(field->window()))
-            qFatal("the window of %s does not become active", qPrintable(name));
         field->setFocus();
+        if (!QTest::qWaitForWindowActive(field->window()) || !QTest::qWaitFor([field] { return field->hasFocus(); }))
+            qFatal("%s does not get the focus", qPrintable(name));
         field->selectAll();
         QTest::keyClicks(field, text);
         QTest::keyClick(field, Qt::Key_Tab);
