@@ -111,7 +111,7 @@ void frmPrincipal::connectSwitch(QAction *action, const settings::Key &key)
 
 void frmPrincipal::start()
 {
-    background::apply(this);
+    background::apply(m_accounts->list().viewport()); // the one place of the window that lists leave empty
     m_payables->restoreFilters();
     m_receivables->restoreFilters();
     m_movements->restoreFilters();
