@@ -45,14 +45,14 @@ private:
     sqlite3_stmt *m_handle = nullptr;
 };
 
-/// The one door to the store: an open, keyed database file. Texts are in the program's dialect unless a function
-/// says otherwise. Every failure is an Error with a text for the user.
+/// The one door to the store: an open, keyed database file. Texts are in the program's dialect unless a
+/// function says otherwise. Every failure is an Error with a text for the user.
 class Connection
 {
 public:
     /// Opens an existing database file for reading and writing; never creates or changes anything on disk.
-    /// Throws Error::Kind::Open when the file is missing, is a folder, is empty, truncated, or no database, when
-    /// the password is wrong, or where the place does not allow writing.
+    /// Throws Error::Kind::Open when the file is missing, is a folder, is empty, truncated, or no database,
+    /// when the password is wrong, or where the place does not allow writing.
     static std::unique_ptr<Connection> open(const QString &path, const QString &password);
     /// Creates a new, empty database file; throws when something is there already. For the delivered file and
     /// for tests.
@@ -82,8 +82,7 @@ public:
 
 private:
     explicit Connection(QString path);
-    void key(const QString &password);
-    void pinFormat();
+    void openFile(const QString &password);
     void registerFunctions();
     void checkUsable();
 

@@ -6,23 +6,38 @@
 /// The SQL that the program writes, adapted to the store.
 ///
 /// - [bracketed] names, column names in any letter case, `Delete * from`.
-/// - `column like 'text'` (parentheses optional) without wildcards is an indexed equality that ignores letter case;
-///   with wildcards it is LikePattern's comparison; against "%%" it asks for any value. `código` is matched by its
-///   text: '12' finds 12, '0012' finds nothing.
+/// - `column like 'text'` (parentheses optional) without wildcards is an indexed equality that ignores letter
+/// case;
+///   with wildcards it is LikePattern's comparison; against "%%" it asks for any value. `código` is matched
+///   by its text: '12' finds 12, '0012' finds nothing.
 /// - ORDER BY and DISTINCT on names ignore case and follow Portuguese order; on amounts the order is numeric.
 /// - Rows come in insertion order where no ORDER BY is given, and ties keep it.
 /// - `SET qtde=qtde + n` keeps four exact decimals.
 namespace dialect {
 
+/// What the connection registers for the translated texts: a collation (name order) and two functions (a
+/// stored amount as a number, a text with its letter case taken away).
+inline constexpr char nameOrder[] = "name_order";
+inline constexpr char amountFunction[] = "stored_amount";
+inline constexpr char foldedFunction[] = "folded_text";
+
 struct Translation
 {
     QString sql;
+    /// Yields the number of rows that `sql` yields; empty for other statements than SELECT.
+    QString countSql;
     /// The one table that a `SELECT *` reads and whose rows can be changed; empty for other statements.
     QString table;
     bool isSelect = false;
 };
 
-/// Throws Error::Kind::Query for an unclosed quote or bracket and for anything after a first ";".
-Translation translate(QStringView sql);
+/// Whether a `SELECT *` on one table yields the store's row number as one more, last column.
+enum class RowKey { Omitted, Appended };
 
-}
+/// Throws Error::Kind::Query for an unclosed quote or bracket, a comment, and for anything after a first ";".
+Translation translate(QStringView sql, RowKey rowKey = RowKey::Omitted);
+
+/// The name of a table when the text is nothing else, ready to stand in a statement; empty otherwise.
+QString bareTableName(QStringView text);
+
+} // namespace dialect

@@ -2,6 +2,7 @@
 
 #include "data/connection.h"
 
+#include <QByteArray>
 #include <QHash>
 #include <QString>
 #include <QStringList>
@@ -20,8 +21,10 @@
 ///     table.set(u"banco", name);
 ///     table.update();
 ///
-/// A row of a `SELECT *` on one table is changed with set() and update(), or removed with remove().
-/// Column names are found in any letter case; an unknown one throws Error::Kind::Query.
+/// A row of a `SELECT *` on one table is changed with set() and update(), or removed with remove(). From the
+/// first such call the rows still to come are those that the query had found, each read anew when next()
+/// reaches it, and nothing of the file stays locked between them. Column names are found in any letter case;
+/// an unknown one throws Error::Kind::Query.
 class Recordset
 {
 public:
@@ -37,14 +40,15 @@ public:
     QStringList columnNames() const { return m_columns; }
     int column(QStringView name) const;
     QString text(QStringView name) const { return text(column(name)); }
-    QString text(int column) const { return m_rows->text(column); }
+    /// The value as the program's text. Empty before the first and after the last row.
+    QString text(int column) const;
     /// As the store holds it, without a copy; valid until next().
-    std::string_view utf8(int column) const { return m_rows->utf8(column); }
+    std::string_view utf8(int column) const;
 
     /// Begins a new row; the columns given with set() are written by update().
     void addNew();
-    /// Gives a column of the new or the current row its value. A numeric column takes Brazilian number text and
-    /// throws Error::Kind::Data for text that is no number.
+    /// Gives a column of the new or the current row its value. A numeric column takes Brazilian number text
+    /// and throws Error::Kind::Data for text that is no number.
     void set(QStringView column, const QString &value);
     /// Writes what was set.
     void update();
@@ -52,20 +56,43 @@ public:
     void remove();
 
 private:
-    void open();
-    bool isNumeric(const QString &column) const;
+    struct TableColumn
+    {
+        QString name; ///< as declared
+        bool numeric;
+    };
+    struct Value
+    {
+        QString text;
+        QByteArray utf8;
+    };
+    enum class State { BeforeRows, OnRow, AfterRows, Adding };
+
     void readTableColumns();
+    const TableColumn &tableColumn(QStringView name);
+    void detach();
+    void copyRow();
+    bool readDetachedRow(qint64 key);
+    bool nextDetachedRow();
+    void insertRow();
+    void updateRow();
 
     Connection &m_connection;
-    QString m_source;
-    QString m_table;
+    QString m_countSql;
+    QString m_table; ///< the table that can be changed; empty when there is none
     std::optional<Statement> m_rows;
     QStringList m_columns;
-    QHash<QString, QString> m_tableColumns; ///< folded name → declared type
-    QHash<QString, QString> m_tableNames;   ///< folded name → name as declared
-    std::vector<std::pair<QString, QString>> m_pending;
+    State m_state = State::BeforeRows;
+
+    QHash<QString, TableColumn> m_tableColumns;         ///< by folded name; filled when first needed
+    std::vector<std::pair<QString, QString>> m_pending; ///< declared column name and the text to store
     std::optional<Statement> m_insert;
     QStringList m_insertColumns;
-    int m_rowKeyColumn = -1;
-    bool m_adding = false;
+
+    // Once a row was changed: the keys of the rows to come, the one in hand, and its values.
+    bool m_detached = false;
+    std::vector<qint64> m_keys;
+    std::size_t m_nextKey = 0;
+    qint64 m_rowKey = 0;
+    std::vector<Value> m_values;
 };

@@ -11,10 +11,10 @@ namespace schema {
 inline constexpr QStringView fileName = u"dados.qorvex";
 inline constexpr QStringView password = u"83pwlrqz2t4m#&*¨x";
 
-/// Creates the delivered file at `path`: every table empty, one row in login_inicia with "0", the payment methods
-/// of a small shop. Throws Error when something is there already.
+/// Creates the delivered file at `path`: every table empty, one row in login_inicia with "0", the payment
+/// methods of a small shop. Throws Error when something is there already.
 void createFile(const QString &path);
 /// True when every table that the program works on is there.
 bool isComplete(Connection &connection);
 
-}
+} // namespace schema

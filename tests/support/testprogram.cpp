@@ -1,0 +1,49 @@
+#include "support/testprogram.h"
+
+#include "data/schema.h"
+#include "settings/database.h"
+#include "settings/programfolder.h"
+#include "settings/settings.h"
+
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+
+TestProgram::TestProgram()
+{
+    QDir(m_folder.path()).mkdir(u"settings"_s);
+    settings::setFolder(file(u"settings"_s));
+    programfolder::choose(m_folder.path());
+    schema::createFile(databaseFile());
+}
+
+TestProgram::~TestProgram()
+{
+    closeDatabase();
+}
+
+QString TestProgram::databaseFile() const
+{
+    return m_folder.filePath(schema::fileName.toString());
+}
+
+Connection &TestProgram::database()
+{
+    return openDatabase();
+}
+
+void TestProgram::run(const QString &sql)
+{
+    database().execute(sql);
+}
+
+QString TestProgram::rows(const QString &sql)
+{
+    QString text;
+    for (Statement statement = database().prepare(sql); statement.step();) {
+        for (int i = 0; i < statement.columnCount(); ++i)
+            text += (i > 0 ? u" | "_s : QString()) + statement.text(i);
+        text += u'\n';
+    }
+    return text;
+}
