@@ -1,31 +1,15 @@
 #include "app/frmprincipal.h"
+#include "app/icons.h"
 #include "settings/programfolder.h"
 #include "widgets/messages.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
-#include <QPalette>
 #include <QTranslator>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// The desktop's icons where it has some, else the Breeze ones that are installed with the program.
-void chooseIcons()
-{
-    const bool dark = QApplication::palette().window().color().lightness() < 128;
-    const QString breeze = dark ? u"breeze-dark"_s : u"breeze"_s;
-    QIcon::setFallbackThemeName(breeze);
-    if (QIcon::fromTheme(u"list-add"_s).isNull() || QIcon::themeName() == u"hicolor")
-        QIcon::setThemeName(breeze);
-    QApplication::setWindowIcon(QIcon(programfolder::file(u"tavaro.svg"_s)));
-}
-
-}
 
 int main(int argc, char *argv[])
 {
@@ -47,7 +31,7 @@ int main(int argc, char *argv[])
 
     if (!messages::guarded(nullptr, messages::generalPrefix, [&] { programfolder::choose(parser.value(folder)); }))
         return 1;
-    chooseIcons();
+    icons::choose();
     frmPrincipal window;
     window.show();
     window.start();

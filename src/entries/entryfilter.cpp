@@ -29,18 +29,19 @@ QString statusPattern(const QString &choice)
 }
 
 /// The beginning of the query up to and including the period, for every choice but "all data".
-QString periodQuery(const QString &table, const QString &column, period::Choice choice, QDate today)
+QString periodQuery(const Side &side, const QString &column, period::Choice choice, QDate today)
 {
-    const QString select = u"SELECT * FROM "_s + table;
+    const QString select = u"SELECT * FROM "_s + side.table;
+    const QString dayColumn = side.dateChoiceFilters ? column : u"Data"_s;
     const QString year = today.toString(u"yyyy"_s);
     switch (choice) {
     case period::Choice::ThisYear:
         return select + u" where("_s + column + u" like '%"_s + year + u"/%') "_s;
     case period::Choice::ThisMonth: // the year half tests `data` whatever the column
-        return select + u" where("_s + column + u" like '%/"_s + today.toString(u"MM"_s) + u"/%' AND data like '%"_s
+        return select + u" where("_s + dayColumn + u" like '%/"_s + today.toString(u"MM"_s) + u"/%' AND data like '%"_s
             + year + u"/%') "_s;
     case period::Choice::Today:
-        return select + u" where("_s + column + u" like '"_s + dates::stored(today) + u"') "_s;
+        return select + u" where("_s + dayColumn + u" like '"_s + dates::stored(today) + u"') "_s;
     default: {
         const auto [first, last] = period::range(choice, today);
         return select + u" WHERE "_s + column + u" BETWEEN '"_s + first + u"' AND '"_s + last + u"' "_s;
@@ -73,9 +74,9 @@ QString query(const Side &side, const EntryFilter &filter, QDate today)
     if (choice == period::Choice::All)
         sql = u"SELECT * FROM "_s + side.table + u" where (estatus like '"_s + wanted + u"') "_s;
     else if (wanted == u"%%")
-        sql = periodQuery(side.table, column, choice, today);
+        sql = periodQuery(side, column, choice, today);
     else
-        sql = periodQuery(side.table, column, choice, today) + u" and (estatus like '"_s + wanted + u"') "_s;
+        sql = periodQuery(side, column, choice, today) + u" and (estatus like '"_s + wanted + u"') "_s;
 
     sql += piece(u"origem"_s, filter.account) + piece(u"descricao"_s, filter.centre)
         + piece(side.contactColumn, filter.contact);

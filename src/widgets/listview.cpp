@@ -44,6 +44,25 @@ public:
     }
 };
 
+/// The columns that a list shows, in their order on the screen.
+class ShownTable : public TableSource
+{
+public:
+    ShownTable(const TableModel &table, std::vector<int> columns) : m_table(table), m_columns(std::move(columns)) {}
+
+    int columnCount() const override { return int(m_columns.size()); }
+    int rowCount() const override { return m_table.rowCount(); }
+    QString heading(int column) const override { return source(column).title; }
+    CellKind kind(int column) const override { return source(column).kind; }
+    QString cell(int row, int column) const override { return m_table.cell(row, m_columns[std::size_t(column)]); }
+
+private:
+    const Column &source(int column) const { return m_table.columns()[std::size_t(m_columns[std::size_t(column)])]; }
+
+    const TableModel &m_table;
+    std::vector<int> m_columns;
+};
+
 int firstRowWithKey(const TableModel &table, const QString &key)
 {
     for (int row = 0; row < table.rowCount(); ++row) {
@@ -194,17 +213,25 @@ void ListView::paintEvent(QPaintEvent *event)
     painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, m_emptyText);
 }
 
-/// As the list shows them: columns in their order on the screen, without hidden ones.
+std::shared_ptr<const TableSource> ListView::tableSource() const
+{
+    std::vector<int> columns;
+    for (int position = 0; position < header()->count(); ++position) {
+        const int column = header()->logicalIndex(position);
+        if (header()->sectionSize(column) > 0)
+            columns.push_back(column);
+    }
+    return std::make_shared<ShownTable>(*m_table, std::move(columns));
+}
+
 void ListView::copySelection() const
 {
+    const auto shown = tableSource();
     QString text;
     for (const int row : selectedRows()) {
         QStringList cells;
-        for (int position = 0; position < header()->count(); ++position) {
-            const int column = header()->logicalIndex(position);
-            if (header()->sectionSize(column) > 0)
-                cells << cell(row, column).replace(u'\t', u' ').replace(u'\n', u' ').remove(u'\r');
-        }
+        for (int column = 0; column < shown->columnCount(); ++column)
+            cells << shown->cell(row, column).replace(u'\t', u' ').replace(u'\n', u' ').remove(u'\r');
         text += cells.join(u'\t') + u'\n';
     }
     QApplication::clipboard()->setText(text);

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "data/tablesource.h"
 #include "settings/listlayout.h"
 #include "widgets/tablemodel.h"
 
 #include <QTreeView>
+
+#include <memory>
 
 /// A list of rows with headings: whole rows are selected, several at once; columns can be moved, resized and
 /// sorted by a click (a third click gives the rows' own order back); Ctrl+C copies the selected rows as text
@@ -33,6 +36,9 @@ public:
 
     /// Text shown in the middle while the list is empty.
     void setEmptyText(const QString &text);
+    /// The list as it is shown, for printing and export: columns in their order on the screen, without hidden ones.
+    /// Valid while the list lives and its rows stay.
+    std::shared_ptr<const TableSource> tableSource() const;
     ListLayout layout() const;
     void applyLayout(const ListLayout &layout);
 

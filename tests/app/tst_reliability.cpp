@@ -58,7 +58,7 @@ int saveEntries(const QString &folder, const Side &side, int count)
 void start(QProcess &process, const TestProgram &program, const Side &side, int count)
 {
     process.start(QCoreApplication::applicationFilePath(),
-                  {u"--salvar"_s, program.folder(), side.table, QString::number(count)});
+                  {u"--salvar"_s, QFileInfo(program.databaseFile()).path(), side.table, QString::number(count)});
 }
 
 void addCoffee(TestProgram &program)

@@ -42,7 +42,7 @@ public:
     {
         T *found = nullptr;
         for (QWidget *top : QApplication::topLevelWidgets())
-            if (T *match = top->findChild<T *>(name); match && (!found || top != window.get()))
+            if (T *match = top->findChild<T *>(name); match && top->isVisible() && (!found || top != window.get()))
                 found = match;
         if (!found)
             qFatal("no %s", qPrintable(name));
@@ -60,6 +60,9 @@ public:
     void type(const QString &name, const QString &text) const
     {
         auto *field = find<QLineEdit>(name);
+        field->window()->activateWindow();
+        if (!QTest::qWaitForWindowActive(field->window()))
+            qFatal("the window of %s does not become active", qPrintable(name));
         field->setFocus();
         field->selectAll();
         QTest::keyClicks(field, text);

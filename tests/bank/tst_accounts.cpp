@@ -117,8 +117,8 @@ void tst_accounts::formIsCheckedAndStored()
     accounts::add(program.database(), {u" Caixa "_s, u"1234,5"_s, u" nota "_s});
     accounts::change(program.database(), u" Caixa "_s, {u"Outro"_s, u"2"_s, u""_s});
     QCOMPARE(program.rows(u"select * from banco"_s), u" Caixa  | 2,00 |  \n"_s);
-    QVERIFY_EXCEPTION_THROWN(accounts::add(program.database(), {u"X"_s, u"muito"_s, u""_s}), Error);
-    QVERIFY_EXCEPTION_THROWN(accounts::change(program.database(), u"D'Ávila"_s, {u""_s, u"1"_s, u""_s}), Error);
+    QVERIFY_THROWS_EXCEPTION(Error, accounts::add(program.database(), {u"X"_s, u"muito"_s, u""_s}));
+    QVERIFY_THROWS_EXCEPTION(Error, accounts::change(program.database(), u"D'Ávila"_s, {u""_s, u"1"_s, u""_s}));
     QCOMPARE(program.rows(u"select * from banco"_s), u" Caixa  | 2,00 |  \n"_s);
 }
 

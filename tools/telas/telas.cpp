@@ -1,6 +1,7 @@
 // Pictures of every screen, made from a demo database: tavaro-telas PASTA SAÍDA [--escuro]
 
 #include "app/frmprincipal.h"
+#include "app/icons.h"
 #include "bank/frmbanco.h"
 #include "data/clock.h"
 #include "entries/frmadicionar.h"
@@ -118,10 +119,9 @@ int main(int argc, char *argv[])
     programfolder::choose(arguments[1]);
     programclock::set(QDateTime(QDate(2026, 11, 16), QTime(9, 30)));
     QApplication::setStyle(u"fusion"_s);
-    const bool dark = arguments.contains(u"--escuro"_s);
-    if (dark)
+    if (arguments.contains(u"--escuro"_s))
         QApplication::setPalette(darkPalette());
-    QIcon::setThemeName(dark ? u"breeze-dark"_s : u"breeze"_s);
+    icons::choose();
 
     Pictures pictures(arguments[2]);
     frmPrincipal window;

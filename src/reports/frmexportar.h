@@ -1,0 +1,25 @@
+#pragma once
+
+#include "reports/report.h"
+
+class QWidget;
+
+/// Titles and filters of a screen's two save choosers.
+struct ExportTexts
+{
+    QString textTitle, textFilter; ///< "Salvar relatório em txt", "Arquivos de Texto(*.txt)"
+    QString htmlTitle, htmlFilter;
+};
+
+/// The three commands that every list screen has on its list. Each asks for a file or a printer, shows the wait screen while a
+/// long list is written, and tells the user when it failed; an older file stays untouched until the new one is complete.
+namespace exportar {
+
+/// Saves as fixed-width text and offers to open the file.
+void saveText(QWidget *parent, const Report &report, const ExportTexts &texts);
+/// Saves as an HTML page and offers to open the file.
+void saveHtml(QWidget *parent, const Report &report, const ExportTexts &texts);
+/// Shows the pages, prints them or saves them as PDF.
+void print(QWidget *parent, const Report &report);
+
+}
