@@ -42,7 +42,7 @@ std::vector<Column> columns()
             {u"qtde"_s, u"Quantidade"_s, CellKind::Number, 100},
             {u"custo"_s, u"Valor de custo"_s, CellKind::Money, 130},
             {u"total"_s, u"Valor em estoque"_s, CellKind::Money, 140},
-            {u"info"_s, u"Informações adicionais"_s, CellKind::Text, 300}};
+            {u"info"_s, u"Informações adicionais"_s, CellKind::Text, 540}};
 }
 
 ProductList list(Connection &connection)

@@ -133,6 +133,13 @@ QString filterText(const StockKind &kind, const StockFilter &filter)
 std::vector<Column> columns(const StockKind &kind)
 {
     std::vector<Column> result = entrylist::columns(kind.side);
+    const std::pair<QString, int> widths[] = {{u"descricao"_s, 100},
+                                              {kind.side.contactColumnKey, 140},
+                                              {u"produto"_s, 190},
+                                              {u"qtde"_s, 50},
+                                              {u"informacoes"_s, 140}};
+    for (const auto &[key, width] : widths)
+        result[std::size_t(entrylist::columnOf(kind.side, key))].width = width;
     const auto cost = std::ranges::find(result, u"custo"_s, &Column::key);
     if (cost != result.end())
         result.insert(cost + 1, {{u"margem"_s, u"Margem"_s, CellKind::Number, 70},
