@@ -1,10 +1,3 @@
 #pragma once
 
-#include <QString>
-
-/// What the wait screen says while one of the main window's lists fills.
-inline QString listWaitText()
-{
-    return QStringLiteral("Por favor aguarde enquanto o software carrega os dados, este processo pode demorar dependendo "
-                          "do tamanho do banco de dados.");
-}
+#include "widgets/waittext.h"

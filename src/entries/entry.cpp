@@ -3,6 +3,7 @@
 #include "data/dates.h"
 #include "data/recordset.h"
 #include "data/status.h"
+#include "data/typedamount.h"
 #include "stock/stock.h"
 
 using namespace Qt::StringLiterals;
@@ -12,25 +13,6 @@ namespace {
 QString byCode(const Side &side, const QString &code)
 {
     return u"SELECT * FROM "_s + side.table + u" where(código like '"_s + code + u"')"_s;
-}
-
-Error badValue(const QString &field, const QString &text)
-{
-    return Error(Error::Kind::Data, u"o texto \"%1\" do campo %2 não é um valor válido."_s.arg(text, field));
-}
-
-Money amount(const QString &field, const QString &text)
-{
-    const std::optional<Money> value = Money::parse(text);
-    if (!value)
-        throw badValue(field, text);
-    return *value;
-}
-
-/// An empty field counts as zero.
-Money amountOrZero(const QString &field, const QString &text)
-{
-    return text.trimmed().isEmpty() ? Money() : amount(field, text);
 }
 
 QString storedDate(const QString &field, const QString &text)
@@ -61,10 +43,10 @@ void writeColumns(Recordset &row, const Side &side, const EntryForm &form)
     row.set(u"descricao", form.description);
     row.set(u"documento", freeText(form.document));
     row.set(u"informacoes", freeText(form.notes));
-    row.set(u"valor", amount(u"Valor"_s, form.value).grouped());
+    row.set(u"valor", typedAmount(u"Valor"_s, form.value).grouped());
     row.set(u"vencimento", storedDate(u"Vencimento"_s, form.due));
     if (side.hasUnitCost)
-        row.set(u"custo", amountOrZero(u"Custo"_s, form.unitCost).grouped());
+        row.set(u"custo", typedAmountOrZero(u"Custo"_s, form.unitCost).grouped());
     row.set(u"produto", form.product);
     row.set(u"qtde", form.quantity);
     row.set(u"moeda", form.currency);
@@ -121,12 +103,12 @@ bool exceedsStock(Connection &connection, const Side &side, const EntryForm &for
     if (!side.warnsOfLowStock || form.product == stock::noProduct)
         return false;
     const std::optional<Money> onHand = stock::onHand(connection, form.product);
-    return onHand && amountOrZero(u"Quantidade"_s, form.quantity) > *onHand;
+    return onHand && typedAmountOrZero(u"Quantidade"_s, form.quantity) > *onHand;
 }
 
 void save(Connection &connection, const Side &side, const EntryForm &form, const QString &code)
 {
-    const Money quantity = amountOrZero(u"Quantidade"_s, form.quantity);
+    const Money quantity = typedAmountOrZero(u"Quantidade"_s, form.quantity);
     Transaction transaction(connection);
     Recordset row(connection, code.isEmpty() ? side.table : byCode(side, code));
     if (code.isEmpty())

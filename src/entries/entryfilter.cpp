@@ -3,6 +3,7 @@
 #include "data/dates.h"
 #include "data/period.h"
 #include "data/status.h"
+#include "stock/stock.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +18,12 @@ bool isAll(const QString &choice)
 QString piece(const QString &column, const QString &choice)
 {
     return isAll(choice) ? QString() : u" and ("_s + column + u" like '"_s + choice + u"') "_s;
+}
+
+/// Entries that carry the product chosen, or any product.
+QString productPiece(const QString &choice)
+{
+    return isAll(choice) ? u" and (produto <> '"_s + stock::noProduct.toString() + u"') "_s : piece(u"produto"_s, choice);
 }
 
 /// The status word that the choice asks for; "%%" for any.
@@ -55,7 +62,7 @@ namespace entryfilter {
 
 QStringList basedOnChoices()
 {
-    return {u"Data vencimento"_s, u"Data cadastro"_s};
+    return {u"Data vencimento"_s, byEntryDate.toString()};
 }
 
 QStringList statusChoices()
@@ -65,8 +72,8 @@ QStringList statusChoices()
 
 QString query(const Side &side, const EntryFilter &filter, QDate today)
 {
-    const bool byEntryDate = !side.dateChoiceFilters || filter.basedOn.toLower() == u"data cadastro";
-    const QString column = byEntryDate ? u"data"_s : u"vencimento"_s;
+    const bool ofEntry = !side.dateChoiceFilters || byEntryDate.compare(filter.basedOn, Qt::CaseInsensitive) == 0;
+    const QString column = ofEntry ? u"data"_s : u"vencimento"_s;
     const QString wanted = statusPattern(filter.status);
     const period::Choice choice = period::fromText(filter.period);
 
@@ -78,6 +85,8 @@ QString query(const Side &side, const EntryFilter &filter, QDate today)
     else
         sql = periodQuery(side, column, choice, today) + u" and (estatus like '"_s + wanted + u"') "_s;
 
+    if (filter.product)
+        sql += productPiece(*filter.product);
     sql += piece(u"origem"_s, filter.account) + piece(u"descricao"_s, filter.centre)
         + piece(side.contactColumn, filter.contact);
     if (side.dateChoiceFilters)

@@ -8,6 +8,8 @@
 #include "settings/frmconfigsoft.h"
 #include "settings/programfolder.h"
 #include "settings/settings.h"
+#include "stock/frmcadproduto.h"
+#include "stock/frmestoque.h"
 #include "widgets/frmcarregando.h"
 #include "widgets/listview.h"
 
@@ -104,6 +106,20 @@ void screens(Pictures &pictures, frmPrincipal &window)
     pictures.take(wait, u"carregando"_s);
 }
 
+void stockScreens(Pictures &pictures, frmPrincipal &window)
+{
+    frmestoque *stock = frmestoque::open(&window);
+    auto *tabs = stock->findChild<QTabWidget *>(u"tabestoque"_s);
+    for (const QString &name : {u"estoque"_s, u"vendas"_s, u"compras"_s}) {
+        pictures.take(*stock, name);
+        tabs->setCurrentIndex(tabs->currentIndex() + 1);
+    }
+    pictures.takeAndClose(frmcadproduto::openNew(stock), u"produto"_s);
+    const QString product = stock->findChild<ListView *>(u"lstprodutos"_s)->cell(0, 0);
+    pictures.takeAndClose(frmcadproduto::openEdit(product, stock), u"editarproduto"_s);
+    stock->close();
+}
+
 }
 
 int main(int argc, char *argv[])
@@ -129,5 +145,6 @@ int main(int argc, char *argv[])
     window.start();
     mainWindow(pictures, window);
     screens(pictures, window);
+    stockScreens(pictures, window);
     return pictures.failed() ? 1 : 0;
 }
