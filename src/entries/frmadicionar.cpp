@@ -4,6 +4,7 @@
 #include "bank/frmbanco.h"
 #include "data/clock.h"
 #include "data/dates.h"
+#include "entries/frmcadcli.h"
 #include "settings/database.h"
 #include "stock/stock.h"
 #include "widgets/background.h"
@@ -14,12 +15,6 @@
 #include <QEvent>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-const QString savePrefix = u"Ocorreu o seguinte erro ao tentar cadastrar os dados: "_s;
-
-}
 
 frmAdicionar::frmAdicionar(const Side &side, const QString &code, QWidget *parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::frmAdicionar>()), m_side(side), m_code(code)
@@ -84,6 +79,7 @@ void frmAdicionar::connectControls()
         topmost::set(this, u"desativo");
         frmbanco::openNew(this);
     });
+    connect(m_ui->cmdforncliinc, &QToolButton::clicked, this, &frmAdicionar::addContact);
     for (DateEdit *field : {m_ui->txtdata, m_ui->txtvencimento}) {
         connect(field, &DateEdit::calendarOpening, this, [this] { topmost::set(this, u"desativo"); });
         connect(field, &DateEdit::calendarClosed, this, [this] { topmost::set(this, u"ativo"); });
@@ -96,6 +92,16 @@ void frmAdicionar::connectControls()
     connect(this, &QDialog::finished, this, [this] {
         if (std::exchange(m_unannounced, false))
             Changes::announce(m_side.subject);
+    });
+}
+
+void frmAdicionar::addContact()
+{
+    topmost::set(this, u"desativo");
+    const auto *record = frmCadCli::openNew(m_side.contacts, m_side.contacts.quickAddCaption, this);
+    connect(record, &frmCadCli::saved, this, [this](const QString &name) {
+        if (m_ui->cbotipo->currentText().isEmpty())
+            boxes::choose(m_ui->cbotipo, name);
     });
 }
 
@@ -116,7 +122,7 @@ void frmAdicionar::refill(Subject subject)
     messages::guarded(this, messages::generalPrefix, [&] {
         if (subject == Subject::Accounts)
             boxes::refill(m_ui->cboorigem, entry::accountNames(openDatabase()));
-        else if (subject == m_side.contactSubject)
+        else if (subject == m_side.contacts.subject)
             boxes::refill(m_ui->cbotipo, entry::names(openDatabase(), m_side.contactQuery, u"nome"));
         else if (subject == m_side.centreSubject)
             boxes::refill(m_ui->txtdescricao, entry::names(openDatabase(), m_side.centreQuery, u"descricao"));
@@ -182,7 +188,7 @@ void frmAdicionar::save()
                               u"Os seguintes dados estão em branco: \n"_s + blank.join(u'\n'));
         return;
     }
-    const bool saved = messages::guarded(this, savePrefix, [&] {
+    const bool saved = messages::guarded(this, messages::savePrefix, [&] {
         if (m_code.isEmpty() && entry::exceedsStock(openDatabase(), m_side, typed))
             messages::exclamation(this, u"Aviso de estoque"_s,
                                   u"A quantidade de produtos adicionada é maior do que a quantidade de itens no estoque! "

@@ -30,6 +30,7 @@ protected:
 private:
     frmAdicionar(const Side &side, const QString &code, QWidget *parent);
     void connectControls();
+    void addContact();
     bool fillBoxes();
     void refill(Subject subject);
     void showForm(const EntryForm &form);

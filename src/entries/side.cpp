@@ -6,8 +6,8 @@ const Side &payable()
 {
     static const Side side{
         .subject = Subject::Payables,
-        .contactSubject = Subject::Suppliers,
         .centreSubject = Subject::CostCentres,
+        .contacts = suppliers(),
         .table = u"pagar"_s,
         .contactColumn = u"fornecedor"_s,
         .contactQuery = u"select * from fornecedor order by nome"_s,
@@ -44,8 +44,8 @@ const Side &receivable()
 {
     static const Side side{
         .subject = Subject::Receivables,
-        .contactSubject = Subject::Clients,
         .centreSubject = Subject::ProfitCentres,
+        .contacts = clients(),
         .table = u"receber"_s,
         .contactColumn = u"cliente"_s,
         .contactQuery = u"select * from cliente order by nome"_s,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/changes.h"
+#include "entries/contactside.h"
 #include "settings/settings.h"
 
 #include <QString>
@@ -10,8 +11,8 @@
 struct Side
 {
     Subject subject;         ///< announced when entries of this side change
-    Subject contactSubject;  ///< announced when the contacts of this side change
     Subject centreSubject;   ///< announced when the centres of this side change
+    const ContactSide &contacts; ///< the counterparts of this side's entries
     QString table;           ///< entries: "pagar"
     QString contactColumn;   ///< column of `table`: "fornecedor"
     QString contactQuery;    ///< names for the contact box, column `nome`
