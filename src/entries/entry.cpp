@@ -14,37 +14,10 @@ QString byCode(const Side &side, const QString &code)
     return u"SELECT * FROM "_s + side.table + u" where(código like '"_s + code + u"')"_s;
 }
 
-Error badValue(const QString &field, const QString &text)
-{
-    return Error(Error::Kind::Data, u"o texto \"%1\" do campo %2 não é um valor válido."_s.arg(text, field));
-}
-
-Money amount(const QString &field, const QString &text)
-{
-    const std::optional<Money> value = Money::parse(text);
-    if (!value)
-        throw badValue(field, text);
-    return *value;
-}
-
 /// An empty field counts as zero.
 Money amountOrZero(const QString &field, const QString &text)
 {
-    return text.trimmed().isEmpty() ? Money() : amount(field, text);
-}
-
-QString storedDate(const QString &field, const QString &text)
-{
-    const QDate date = dates::read(text);
-    if (!date.isValid())
-        throw Error(Error::Kind::Data, u"a data \"%1\" do campo %2 não existe."_s.arg(text, field));
-    return dates::stored(date);
-}
-
-/// Free text never ends up as an empty column: the trimmed text and one blank.
-QString freeText(const QString &text)
-{
-    return text.trimmed() + u' ';
+    return text.trimmed().isEmpty() ? Money() : entry::amount(field, text);
 }
 
 stock::Direction direction(bool in)
@@ -57,12 +30,12 @@ void writeColumns(Recordset &row, const Side &side, const EntryForm &form)
     row.set(u"estatus", form.status);
     row.set(u"origem", form.account);
     row.set(side.contactColumn, form.contact);
-    row.set(u"data", storedDate(u"Data"_s, form.date));
+    row.set(u"data", entry::storedDate(u"Data"_s, form.date));
     row.set(u"descricao", form.description);
-    row.set(u"documento", freeText(form.document));
-    row.set(u"informacoes", freeText(form.notes));
-    row.set(u"valor", amount(u"Valor"_s, form.value).grouped());
-    row.set(u"vencimento", storedDate(u"Vencimento"_s, form.due));
+    row.set(u"documento", entry::freeText(form.document));
+    row.set(u"informacoes", entry::freeText(form.notes));
+    row.set(u"valor", entry::amount(u"Valor"_s, form.value).grouped());
+    row.set(u"vencimento", entry::storedDate(u"Vencimento"_s, form.due));
     if (side.hasUnitCost)
         row.set(u"custo", amountOrZero(u"Custo"_s, form.unitCost).grouped());
     row.set(u"produto", form.product);
@@ -155,7 +128,7 @@ std::optional<EntryForm> load(Connection &connection, const Side &side, const QS
         .notes = row.text(u"informacoes"),
         .value = Money::stored(row.text(u"valor")).grouped(),
         .unitCost = side.hasUnitCost ? Money::stored(row.text(u"custo")).grouped() : QString(),
-        .product = row.text(u"produto"),
+        .product = row.text(u"produto").isEmpty() ? stock::noProduct.toString() : row.text(u"produto"),
         .quantity = row.text(u"qtde"),
         .currency = row.text(u"moeda"),
     };
@@ -187,6 +160,27 @@ bool settle(Connection &connection, const Side &side, const QString &code, QDate
 QString plainCode(const QString &text)
 {
     return QString::number(text.trimmed().toLongLong());
+}
+
+Money amount(const QString &field, const QString &text)
+{
+    const std::optional<Money> value = Money::parse(text);
+    if (!value)
+        throw Error(Error::Kind::Data, u"o texto \"%1\" do campo %2 não é um valor válido."_s.arg(text, field));
+    return *value;
+}
+
+QString storedDate(const QString &field, const QString &text)
+{
+    const QDate date = dates::read(text);
+    if (!date.isValid())
+        throw Error(Error::Kind::Data, u"a data \"%1\" do campo %2 não existe."_s.arg(text, field));
+    return dates::stored(date);
+}
+
+QString freeText(const QString &text)
+{
+    return text.trimmed() + u' ';
 }
 
 }
