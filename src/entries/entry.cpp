@@ -15,20 +15,6 @@ QString byCode(const Side &side, const QString &code)
     return u"SELECT * FROM "_s + side.table + u" where(código like '"_s + code + u"')"_s;
 }
 
-QString storedDate(const QString &field, const QString &text)
-{
-    const QDate date = dates::read(text);
-    if (!date.isValid())
-        throw Error(Error::Kind::Data, u"a data \"%1\" do campo %2 não existe."_s.arg(text, field));
-    return dates::stored(date);
-}
-
-/// Free text never ends up as an empty column: the trimmed text and one blank.
-QString freeText(const QString &text)
-{
-    return text.trimmed() + u' ';
-}
-
 stock::Direction direction(bool in)
 {
     return in ? stock::Direction::In : stock::Direction::Out;
@@ -39,12 +25,12 @@ void writeColumns(Recordset &row, const Side &side, const EntryForm &form)
     row.set(u"estatus", form.status);
     row.set(u"origem", form.account);
     row.set(side.contactColumn, form.contact);
-    row.set(u"data", storedDate(u"Data"_s, form.date));
+    row.set(u"data", entry::storedDate(u"Data"_s, form.date));
     row.set(u"descricao", form.description);
-    row.set(u"documento", freeText(form.document));
-    row.set(u"informacoes", freeText(form.notes));
+    row.set(u"documento", entry::freeText(form.document));
+    row.set(u"informacoes", entry::freeText(form.notes));
     row.set(u"valor", typedAmount(u"Valor"_s, form.value).grouped());
-    row.set(u"vencimento", storedDate(u"Vencimento"_s, form.due));
+    row.set(u"vencimento", entry::storedDate(u"Vencimento"_s, form.due));
     if (side.hasUnitCost)
         row.set(u"custo", typedAmountOrZero(u"Custo"_s, form.unitCost).grouped());
     row.set(u"produto", form.product);
@@ -137,7 +123,7 @@ std::optional<EntryForm> load(Connection &connection, const Side &side, const QS
         .notes = row.text(u"informacoes"),
         .value = Money::stored(row.text(u"valor")).grouped(),
         .unitCost = side.hasUnitCost ? Money::stored(row.text(u"custo")).grouped() : QString(),
-        .product = row.text(u"produto"),
+        .product = row.text(u"produto").isEmpty() ? stock::noProduct.toString() : row.text(u"produto"),
         .quantity = row.text(u"qtde"),
         .currency = row.text(u"moeda"),
     };
@@ -169,6 +155,19 @@ bool settle(Connection &connection, const Side &side, const QString &code, QDate
 QString plainCode(const QString &text)
 {
     return QString::number(text.trimmed().toLongLong());
+}
+
+QString storedDate(const QString &field, const QString &text)
+{
+    const QDate date = dates::read(text);
+    if (!date.isValid())
+        throw Error(Error::Kind::Data, u"a data \"%1\" do campo %2 não existe."_s.arg(text, field));
+    return dates::stored(date);
+}
+
+QString freeText(const QString &text)
+{
+    return text.trimmed() + u' ';
 }
 
 }

@@ -59,4 +59,9 @@ bool settle(Connection &connection, const Side &side, const QString &code, QDate
 /// A list line's key as a plain number: "0012" is "12".
 QString plainCode(const QString &text);
 
+/// The stored form of the date typed into `field`, which the Error names when the text is none.
+QString storedDate(const QString &field, const QString &text);
+/// Free text never ends up as an empty column: the trimmed text and one blank.
+QString freeText(const QString &text);
+
 }

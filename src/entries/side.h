@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/changes.h"
+#include "entries/centreside.h"
 #include "entries/contactside.h"
 #include "settings/settings.h"
 
@@ -17,6 +18,7 @@ struct Side
     QString contactColumn;   ///< column of `table`: "fornecedor"
     QString contactQuery;    ///< names for the contact box, column `nome`
     QString centreQuery;     ///< names for the description box, column `descricao`
+    const CentreSide &centres; ///< the side's chart of accounts
     bool hasUnitCost;        ///< entries carry the unit cost of the product sold
     bool dateChoiceFilters;  ///< the list's "based on" choice decides which date a period tests, and the order
     bool savingAddsToStock;  ///< a saved entry raises the stock; a deleted one lowers it
@@ -30,6 +32,10 @@ struct Side
     QString editCaption;      ///< "&Editar despesa"
     QString savedMessage;     ///< "Despesa cadastrada com sucesso!"
     QString settleQuestion;   ///< "Deseja efetuar uma baixa para está despesa?"
+
+    // Installments screen.
+    QString installmentsCaption;          ///< "Adicionar Contas a pagar / multiplas contas"
+    QString installmentsDescriptionLabel; ///< "Descrição / Centro de custo:"
 
     // Main list.
     QString contactTitle;      ///< column heading: "Fornecedor"

@@ -10,12 +10,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-const QString savePrefix = u"Ocorreu o seguinte erro ao tentar cadastrar os dados: "_s;
-
-}
-
 frmcadproduto::frmcadproduto(QWidget *parent) : QDialog(parent), m_ui(std::make_unique<Ui::frmcadproduto>())
 {
     m_ui->setupUi(this);
@@ -67,7 +61,7 @@ void frmcadproduto::save()
         return;
     }
     const QString edited = m_ui->lblnome->text();
-    const bool saved = messages::guarded(this, savePrefix, [&] {
+    const bool saved = messages::guarded(this, messages::savePrefix, [&] {
         Connection &connection = openDatabase();
         if (edited.isEmpty())
             products::add(connection, form);
