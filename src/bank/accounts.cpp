@@ -1,6 +1,7 @@
 #include "bank/accounts.h"
 
-#include "bank/movementlist.h"
+#include "bank/movement.h"
+#include "data/formtext.h"
 #include "data/recordset.h"
 #include "data/status.h"
 
@@ -27,37 +28,32 @@ Money settledSum(Connection &connection, const QString &table, const QString &co
     return sum;
 }
 
-/// What the settled movements add to the account.
+/// What the settled movements add to the account. Kinds are told apart by their exact words, in which letter case counts.
 Money movementSum(Connection &connection, const QString &origin, const QString &destination)
 {
-    const auto ofKind = [](QStringView kind) { return u" and movimento like ('"_s + kind.toString() + u"')"_s; };
+    const QString settled = u"Select movimento, valor from bancario WHERE estatus like ('"_s + status::settled.toString()
+        + u"') AND "_s;
     Money sum;
-    Statement rows = connection.prepare(u"Select movimento, valor from bancario WHERE estatus like ('"_s
-                                            + status::settled.toString() + u"') AND "_s + origin,
-                                        dialect::RowOrder::Any);
-    while (rows.step()) {
-        const QString kind = rows.text(0);
+    Statement leaving = connection.prepare(settled + origin, dialect::RowOrder::Any);
+    while (leaving.step()) {
+        const QString kind = leaving.text(0);
         if (kind == movement::deposit)
-            sum += Money::stored(rows.utf8(1)).roundedToCents();
-        else if (kind == movement::withdrawal)
-            sum -= Money::stored(rows.utf8(1)).roundedToCents();
+            sum += Money::stored(leaving.utf8(1)).roundedToCents();
+        else if (kind == movement::withdrawal || kind == movement::transfer)
+            sum -= Money::stored(leaving.utf8(1)).roundedToCents();
     }
-    sum -= settledSum(connection, u"bancario"_s, origin + ofKind(movement::transfer));
-    sum += settledSum(connection, u"bancario"_s, destination + ofKind(movement::transfer));
+    Statement arriving =
+        connection.prepare(settled + destination + u" and movimento like ('"_s + movement::transfer.toString() + u"')"_s,
+                           dialect::RowOrder::Any);
+    while (arriving.step())
+        if (arriving.text(0) == movement::transfer)
+            sum += Money::stored(arriving.utf8(1)).roundedToCents();
     return sum;
-}
-
-QString freeText(const QString &text)
-{
-    return text.trimmed() + u' ';
 }
 
 QString openingText(const AccountForm &form)
 {
-    const std::optional<Money> opening = Money::parse(form.opening);
-    if (!opening)
-        throw Error(Error::Kind::Data, u"o texto \"%1\" não é um valor válido."_s.arg(form.opening));
-    return opening->grouped();
+    return formtext::amount(u"Valor"_s, form.opening).grouped();
 }
 
 }
@@ -156,7 +152,7 @@ void add(Connection &connection, const AccountForm &form)
     Recordset row(connection, u"banco"_s);
     row.addNew();
     row.set(u"banco", form.name);
-    row.set(u"informacoes", freeText(form.notes));
+    row.set(u"informacoes", formtext::freeText(form.notes));
     row.set(u"saldo", openingText(form));
     row.update();
     transaction.commit();
@@ -168,7 +164,7 @@ void change(Connection &connection, const QString &name, const AccountForm &form
     Recordset row(connection, byName(name));
     if (!row.next())
         throw Error(Error::Kind::Data, u"o caixa/banco \"%1\" não existe mais."_s.arg(name));
-    row.set(u"informacoes", freeText(form.notes));
+    row.set(u"informacoes", formtext::freeText(form.notes));
     row.set(u"saldo", openingText(form));
     row.update();
     transaction.commit();

@@ -1,8 +1,10 @@
 #include "bank/movementlist.h"
 
+#include "bank/movement.h"
 #include "data/dates.h"
 #include "data/period.h"
 #include "data/recordset.h"
+#include "data/status.h"
 
 using namespace Qt::StringLiterals;
 
@@ -123,6 +125,7 @@ MovementList load(Connection &connection, const QString &query, Progress *progre
     std::string date, amount;
     const std::string deposit = movement::deposit.toUtf8().toStdString();
     const std::string withdrawal = movement::withdrawal.toUtf8().toStdString();
+    const std::string pending = status::pending.toUtf8().toStdString();
     while (rows.next()) {
         const Money value = Money::stored(rows.utf8(rows.column(u"valor")));
         const std::string_view kind = rows.utf8(rows.column(u"movimento"));
@@ -137,6 +140,7 @@ MovementList load(Connection &connection, const QString &query, Progress *progre
                 : kind == withdrawal ? list.totals.withdrawals
                                      : list.totals.transfers,
             value);
+        (rows.utf8(rows.column(u"estatus")) == pending ? list.totals.pending : list.totals.settled) += value;
         if (progress)
             progress->advance(list.rows.rowCount());
     }

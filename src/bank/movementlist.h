@@ -9,15 +9,6 @@
 
 class Connection;
 
-/// The words of the column `movimento`.
-namespace movement {
-
-inline constexpr QStringView deposit = u"Depósito";
-inline constexpr QStringView withdrawal = u"Retirada";
-inline constexpr QStringView transfer = u"Transferência entre contas";
-
-}
-
 /// The choices of the movement list's filter boxes, as their texts; letter case is ignored.
 struct MovementFilter
 {
@@ -35,6 +26,7 @@ struct MovementTotals
         qint64 count = 0;
     };
     Kind deposits, withdrawals, transfers;
+    Money pending, settled; ///< all kinds together, by status
 
     QString text() const;
 };
@@ -46,6 +38,8 @@ struct MovementList
 };
 
 namespace movementlist {
+
+inline constexpr QStringView loadingTitle = u"Carregando movimento bancário";
 
 QStringList kindChoices();
 QStringList sortChoices();

@@ -1,50 +1,19 @@
 #include "entries/entry.h"
 
 #include "data/dates.h"
+#include "data/formtext.h"
 #include "data/recordset.h"
 #include "data/status.h"
 #include "stock/stock.h"
 
 using namespace Qt::StringLiterals;
+using namespace formtext;
 
 namespace {
 
 QString byCode(const Side &side, const QString &code)
 {
     return u"SELECT * FROM "_s + side.table + u" where(código like '"_s + code + u"')"_s;
-}
-
-Error badValue(const QString &field, const QString &text)
-{
-    return Error(Error::Kind::Data, u"o texto \"%1\" do campo %2 não é um valor válido."_s.arg(text, field));
-}
-
-Money amount(const QString &field, const QString &text)
-{
-    const std::optional<Money> value = Money::parse(text);
-    if (!value)
-        throw badValue(field, text);
-    return *value;
-}
-
-/// An empty field counts as zero.
-Money amountOrZero(const QString &field, const QString &text)
-{
-    return text.trimmed().isEmpty() ? Money() : amount(field, text);
-}
-
-QString storedDate(const QString &field, const QString &text)
-{
-    const QDate date = dates::read(text);
-    if (!date.isValid())
-        throw Error(Error::Kind::Data, u"a data \"%1\" do campo %2 não existe."_s.arg(text, field));
-    return dates::stored(date);
-}
-
-/// Free text never ends up as an empty column: the trimmed text and one blank.
-QString freeText(const QString &text)
-{
-    return text.trimmed() + u' ';
 }
 
 stock::Direction direction(bool in)
@@ -76,7 +45,7 @@ namespace entry {
 
 QStringList statusWords()
 {
-    return {status::pending.toString(), status::settled.toString()};
+    return status::words();
 }
 
 QStringList currencies()
