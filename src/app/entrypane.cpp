@@ -2,7 +2,7 @@
 #include "ui_entrypane.h"
 
 #include "app/filterbox.h"
-#include "app/waittext.h"
+#include "widgets/waittext.h"
 #include "data/clock.h"
 #include "data/period.h"
 #include "entries/entrylist.h"

@@ -59,12 +59,19 @@ void frmPrincipal::makeTabs()
         auto *commands = new EntryCommands(*pane, *m_receivables, this);
         connect(commands, &EntryCommands::changed, this, [this, pane] { entriesChangedHere(*pane); });
     }
+    connect(m_movements, &MovementPane::changed, this, [this] {
+        m_movements->reload();
+        m_accounts->refresh();
+        const QScopedValueRollback own(m_ownChange, true);
+        Changes::announce(Subject::Movements);
+    });
 }
 
 void frmPrincipal::connectCommands()
 {
     connect(m_ui->mnucaddespesas, &QAction::triggered, m_payables->addCommand, &QAction::trigger);
     connect(m_ui->mnucadrececeber, &QAction::triggered, m_receivables->addCommand, &QAction::trigger);
+    connect(m_ui->mnucadbancario, &QAction::triggered, m_movements->addCommand, &QAction::trigger);
     connect(m_ui->mnucadbancos, &QAction::triggered, m_accounts->addCommand, &QAction::trigger);
     connect(m_ui->mnuviscaixabanco, &QAction::triggered, this, [this] {
         const QSignalBlocker blocker(m_ui->tabprincipal);

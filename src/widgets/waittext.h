@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// What the wait screen says while one of the main window's lists fills.
+/// What the wait screen says while a list of entries or movements fills.
 inline QString listWaitText()
 {
     return QStringLiteral("Por favor aguarde enquanto o software carrega os dados, este processo pode demorar dependendo "
