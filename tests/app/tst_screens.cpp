@@ -1,15 +1,11 @@
-#include "app/frmprincipal.h"
 #include "bank/accounts.h"
-#include "data/clock.h"
 #include "entries/entry.h"
 #include "settings/database.h"
 #include "settings/programfolder.h"
-#include "support/boxes.h"
-#include "support/testprogram.h"
+#include "support/shop.h"
 #include "widgets/listview.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
@@ -24,66 +20,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The program with its main window on screen, found and used by object names as a user driver would.
-class Shop
+void fillEntry(const Shop &shop)
 {
-public:
-    Shop() { programclock::set(QDateTime(QDate(2026, 11, 14), QTime(10, 0))); }
-
-    void open()
-    {
-        window = std::make_unique<frmPrincipal>();
-        window->show();
-        window->start();
-    }
-
-    template <typename T>
-    T *find(const QString &name) const
-    {
-        T *found = nullptr;
-        for (QWidget *top : QApplication::topLevelWidgets())
-            if (T *match = top->findChild<T *>(name); match && top->isVisible() && (!found || top != window.get()))
-                found = match;
-        if (!found)
-            qFatal("no %s", qPrintable(name));
-        return found;
-    }
-    QDialog *screen(const QString &name) const
-    {
-        for (QWidget *top : QApplication::topLevelWidgets())
-            if (top->objectName() == name && top->isVisible())
-                return qobject_cast<QDialog *>(top);
-        return nullptr;
-    }
-    void command(const QString &name) const { find<QAction>(name)->trigger(); }
-    void press(const QString &name) const { QTest::mouseClick(find<QPushButton>(name), Qt::LeftButton); }
-    void type(const QString &name, const QString &text) const
-    {
-        auto *field = find<QLineEdit>(name);
-        field->window()->activateWindow();
-        field->setFocus();
-        if (!QTest::qWaitForWindowActive(field->window()) || !QTest::qWaitFor([field] { return field->hasFocus(); }))
-            qFatal("%s does not get the focus", qPrintable(name));
-        field->selectAll();
-        QTest::keyClicks(field, text);
-        QTest::keyClick(field, Qt::Key_Tab);
-    }
-    void choose(const QString &name, const QString &text) const { find<QComboBox>(name)->setCurrentText(text); }
-    QString label(const QString &name) const { return find<QLabel>(name)->text(); }
-    ListView *list(const QString &name) const { return find<ListView>(name); }
-    int tab() const { return find<QTabWidget>(u"tabprincipal"_s)->currentIndex(); }
-
-    void fillEntry() const
-    {
-        find<QComboBox>(u"txtdescricao"_s)->setCurrentText(u"Aluguel"_s);
-        choose(u"cbotipo"_s, u"Imobiliária"_s);
-        type(u"txtvalor"_s, u"1500"_s);
-    }
-
-    TestProgram program;
-    Boxes boxes;
-    std::unique_ptr<frmPrincipal> window;
-};
+    shop.choose(u"txtdescricao"_s, u"Aluguel"_s);
+    shop.choose(u"cbotipo"_s, u"Imobiliária"_s);
+    shop.type(u"txtvalor"_s, u"1500"_s);
+}
 
 EntryForm sale(const QString &product, const QString &quantity)
 {
@@ -143,7 +85,7 @@ void tst_screens::addingAPayable()
     QVERIFY(shop.screen(u"frmAdicionar"_s));
     QCOMPARE(shop.screen(u"frmAdicionar"_s)->windowTitle(), u"Adicionar Contas a pagar - Despesa"_s);
     QVERIFY(!shop.find<QLineEdit>(u"txtcusto"_s)->isVisible());
-    shop.fillEntry();
+    fillEntry(shop);
     QCOMPARE(shop.find<QLineEdit>(u"txtvalor"_s)->text(), u"1.500,00"_s);
     shop.press(u"cmdinserir"_s);
     QCOMPARE(shop.boxes.seen().join(u'\n'), u"information | Cadastrada | Despesa cadastrada com sucesso!"_s);
@@ -163,7 +105,7 @@ void tst_screens::continuingLeavesTheMainWindowAlone()
     addBasics(shop.program);
     shop.open();
     shop.command(u"cmdadicionarr"_s);
-    shop.fillEntry();
+    fillEntry(shop);
     shop.choose(u"cbotipo"_s, u"Ana"_s);
     shop.type(u"txtdocumento"_s, u"NF 1"_s);
     shop.find<QCheckBox>(u"chkcontinuar"_s)->setChecked(true);
@@ -190,7 +132,7 @@ void tst_screens::missingFieldsAndFailedSaves()
     shop.press(u"cmdinserir"_s);
     QCOMPARE(shop.boxes.seen().join(u'\n'), u"exclamation | Erro | Os seguintes dados estão em branco: \nDescrição\n"
                                             "Fornecedor/cliente\nValor\nData\nVencimento"_s);
-    shop.fillEntry();
+    fillEntry(shop);
     shop.type(u"txtdata"_s, u"14112026"_s);
     shop.type(u"txtvencimento"_s, u"15112026"_s);
     shop.choose(u"cboproduto"_s, u"Copo d'água"_s);
@@ -210,7 +152,7 @@ void tst_screens::sellingWarnsOfLowStock()
     shop.open();
     shop.command(u"mnucadrececeber"_s);
     QCOMPARE(shop.find<QLineEdit>(u"txtcusto"_s)->text(), u"00,00"_s);
-    shop.fillEntry();
+    fillEntry(shop);
     shop.choose(u"cbotipo"_s, u"Ana"_s);
     shop.choose(u"cboproduto"_s, u"P"_s);
     QCOMPARE(shop.find<QLineEdit>(u"txtcusto"_s)->text(), u"2,50"_s);
