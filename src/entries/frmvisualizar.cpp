@@ -98,7 +98,11 @@ void frmVisualizar::addChoices(const settings::Key &key, const std::vector<Choic
         QAction *action = group->addAction(choice.text);
         action->setObjectName(choice.name);
         action->setCheckable(true);
-        action->setChecked(settings::value(key) == choice.value);
+        const auto check = [action, key, value = choice.value] {
+            action->setChecked(settings::value(key) == value);
+        };
+        check();
+        connect(&Changes::instance(), &Changes::changed, action, check);
         m_ui->lstdados->addAction(action);
         connect(action, &QAction::triggered, this, [this, key, value = choice.value] {
             if (messages::guarded(this, messages::generalPrefix, [&] { settings::setValue(key, value); }))

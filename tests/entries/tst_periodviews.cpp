@@ -1,7 +1,11 @@
-#include "entries/periodview.h"
+#include "data/clock.h"
+#include "entries/frmvisualizar.h"
 #include "settings/settings.h"
 #include "support/testprogram.h"
+#include "widgets/listview.h"
 
+#include <QAction>
+#include <QLabel>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -51,6 +55,7 @@ private Q_SLOTS:
     void withoutRows();
     void orderOfTheSettings();
     void bankViewsAreLimitedByTheSettings();
+    void screenFollowsChangesAndItsMenu();
 };
 
 void tst_periodviews::titles()
@@ -119,5 +124,34 @@ void tst_periodviews::bankViewsAreLimitedByTheSettings()
     QVERIFY(shown(program, bankView(), ViewPeriod::Month).startsWith(u"Total de cadastros neste mês (2)"_s));
 }
 
-QTEST_GUILESS_MAIN(tst_periodviews)
+void tst_periodviews::screenFollowsChangesAndItsMenu()
+{
+    TestProgram program;
+    programclock::set(QDateTime(today, QTime(10, 0)));
+    addRow(program, u"bancario"_s, u"2026/01/11"_s, u"10,00"_s, u"Concluído"_s);
+    std::unique_ptr<frmVisualizar> screen(frmVisualizar::open(bankView(), ViewPeriod::Year, nullptr));
+    const auto *list = screen->findChild<ListView *>(u"lstdados"_s);
+    const auto choose = [&screen](const QString &name) { screen->findChild<QAction *>(name)->trigger(); };
+    const auto label = [&screen](const QString &name) { return screen->findChild<QLabel *>(name)->text(); };
+    QCOMPARE(screen->windowTitle(), u"Movimento anual - bancário"_s);
+    QCOMPARE(list->rowCount(), 1);
+
+    addRow(program, u"bancario"_s, u"2026/11/14"_s, u"1,00"_s, u"Pendente"_s);
+    Changes::announce(Subject::Payables);
+    QCOMPARE(list->rowCount(), 1);
+    Changes::announce(Subject::Movements);
+    QCOMPARE(list->rowCount(), 2);
+    QVERIFY(label(u"lbltotal"_s).startsWith(u"Total de cadastros neste ano (2)"_s));
+
+    choose(u"popordemdesc"_s);
+    QCOMPARE(list->cell(0, 1), u"14/11/2026"_s);
+    QCOMPARE(settings::value(settings::viewOrder), u"DESC"_s);
+    choose(u"popbancmes"_s);
+    QCOMPARE(list->rowCount(), 1);
+    QCOMPARE(label(u"lblperiodo"_s), u"Período: 11/2026"_s);
+    choose(u"popbanctodos"_s);
+    QCOMPARE(list->rowCount(), 2);
+}
+
+QTEST_MAIN(tst_periodviews)
 #include "tst_periodviews.moc"
