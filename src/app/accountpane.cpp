@@ -15,10 +15,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString waitTitle = u"Atualizando saldo bancario ...\r\nCarregando caixas e banco ..."_s;
-const QString waitText = u"Aguarde enquanto o software carrega os bancos e caixas cadastros e atualiza o saldo disponível "
-                         "em cada banco, este processo pode demorar dependendo do tamanho do banco de dados."_s;
+const QString waitText =
+    u"Aguarde enquanto o software carrega os bancos e caixas cadastros e atualiza o saldo disponível "
+    "em cada banco, este processo pode demorar dependendo do tamanho do banco de dados."_s;
 
-}
+} // namespace
 
 AccountPane::AccountPane(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui::AccountPane>())
 {
@@ -39,7 +40,8 @@ ListView &AccountPane::list()
 
 void AccountPane::makeCommands()
 {
-    const auto command = [this](const QString &text, const QString &icon, const QString &tip, QToolButton *button) {
+    const auto command = [this](const QString &text, const QString &icon, const QString &tip,
+                                QToolButton *button) {
         auto *action = new QAction(QIcon::fromTheme(icon), text, this);
         action->setObjectName(button->objectName());
         action->setStatusTip(tip);
@@ -50,8 +52,8 @@ void AccountPane::makeCommands()
     addCommand = command(u"Adicionar"_s, u"list-add"_s, u"Cadastra um caixa ou banco"_s, m_ui->cmdadicionarb);
     editCommand = command(u"Alterar"_s, u"document-edit"_s, u"Altera o saldo inicial e as informações"_s,
                           m_ui->cmdalterarb);
-    removeCommand = command(u"Remover"_s, u"edit-delete"_s, u"Remove o caixa ou banco selecionado"_s,
-                            m_ui->cmdremoverb);
+    removeCommand =
+        command(u"Remover"_s, u"edit-delete"_s, u"Remove o caixa ou banco selecionado"_s, m_ui->cmdremoverb);
     m_ui->lstcaixabanco->setContextMenuPolicy(Qt::ActionsContextMenu);
     connect(addCommand, &QAction::triggered, this, [this] { frmbanco::openNew(window()); });
     connect(editCommand, &QAction::triggered, this, &AccountPane::editSelected);
@@ -97,8 +99,8 @@ void AccountPane::removeSelected()
         return;
     const QString name = m_ui->lstcaixabanco->cell(row, 0);
     if (!messages::question(this, u"Remover"_s,
-                            u"Tem certeza que deseja remover "_s + name + u" ("_s + m_ui->lstcaixabanco->cell(row, 1)
-                                + u") do banco de dados?"_s))
+                            u"Tem certeza que deseja remover "_s + name + u" ("_s +
+                                m_ui->lstcaixabanco->cell(row, 1) + u") do banco de dados?"_s))
         return;
     if (!messages::guarded(this, messages::generalPrefix, [&] { accounts::remove(openDatabase(), name); }))
         return;

@@ -2,13 +2,13 @@
 #include "ui_entrypane.h"
 
 #include "app/filterbox.h"
-#include "app/waittext.h"
 #include "data/clock.h"
 #include "data/period.h"
 #include "entries/entrylist.h"
 #include "settings/database.h"
 #include "widgets/frmcarregando.h"
 #include "widgets/messages.h"
+#include "widgets/waittext.h"
 
 #include <QAction>
 
@@ -16,21 +16,25 @@ using namespace Qt::StringLiterals;
 
 const EntryPaneNames &payablePaneNames()
 {
-    static const EntryPaneNames names{u"cbobaseadoP"_s,     u"cbotipop"_s,      u"cbobancop"_s,   u"cbocentrocusto"_s,
-                                      u"cbofornecedor"_s,   u"cbofiltrop"_s,    u"lstpagar"_s,    u"lbltotalp"_s,
-                                      u"cmdadicionard"_s,   u"cmdalterard"_s,   u"cmdremoverd"_s, u"popbaixapagar"_s,
-                                      u"Centro de c&usto:"_s, u"Fo&rnecedor:"_s,
-                                      u"Nenhuma conta a pagar com estes filtros"_s, listlayout::payables()};
+    static const EntryPaneNames names{
+        u"cbobaseadoP"_s,       u"cbotipop"_s,      u"cbobancop"_s,
+        u"cbocentrocusto"_s,    u"cbofornecedor"_s, u"cbofiltrop"_s,
+        u"lstpagar"_s,          u"lbltotalp"_s,     u"cmdadicionard"_s,
+        u"cmdalterard"_s,       u"cmdremoverd"_s,   u"popbaixapagar"_s,
+        u"Centro de c&usto:"_s, u"Fo&rnecedor:"_s,  u"Nenhuma conta a pagar com estes filtros"_s,
+        listlayout::payables()};
     return names;
 }
 
 const EntryPaneNames &receivablePaneNames()
 {
-    static const EntryPaneNames names{u"cbobaseadoR"_s,     u"cbotipor"_s,      u"cbobancor"_s,   u"cbocentrolucro"_s,
-                                      u"cbocliente"_s,      u"cbofiltror"_s,    u"lstreceber"_s,  u"lbltotalr"_s,
-                                      u"cmdadicionarr"_s,   u"cmdalterarr"_s,   u"cmdremoverr"_s, u"popbaixareceber"_s,
-                                      u"Centro de l&ucro:"_s, u"Clie&nte:"_s,
-                                      u"Nenhuma conta a receber com estes filtros"_s, listlayout::receivables()};
+    static const EntryPaneNames names{
+        u"cbobaseadoR"_s,         u"cbotipor"_s,    u"cbobancor"_s,
+        u"cbocentrolucro"_s,      u"cbocliente"_s,  u"cbofiltror"_s,
+        u"lstreceber"_s,          u"lbltotalr"_s,   u"cmdadicionarr"_s,
+        u"cmdalterarr"_s,         u"cmdremoverr"_s, u"popbaixareceber"_s,
+        u"Centro de l&ucro:"_s,   u"Clie&nte:"_s,   u"Nenhuma conta a receber com estes filtros"_s,
+        listlayout::receivables()};
     return names;
 }
 
@@ -78,8 +82,8 @@ void EntryPane::nameControls()
 
 void EntryPane::makeCommands()
 {
-    const auto command = [this](const QString &name, const QString &text, const QString &icon, const QString &tip,
-                                QToolButton *button) {
+    const auto command = [this](const QString &name, const QString &text, const QString &icon,
+                                const QString &tip, QToolButton *button) {
         auto *action = new QAction(QIcon::fromTheme(icon), text, this);
         action->setObjectName(name);
         action->setStatusTip(tip);
@@ -88,11 +92,12 @@ void EntryPane::makeCommands()
         m_ui->lista->addAction(action);
         return action;
     };
-    addCommand = command(m_names.add, u"Adicionar"_s, u"list-add"_s, u"Adiciona um lançamento"_s, m_ui->adicionar);
-    editCommand = command(m_names.edit, u"Alterar"_s, u"document-edit"_s, u"Altera o lançamento selecionado"_s,
-                          m_ui->alterar);
-    removeCommand = command(m_names.remove, u"Remover"_s, u"edit-delete"_s, u"Remove os lançamentos selecionados"_s,
-                            m_ui->remover);
+    addCommand =
+        command(m_names.add, u"Adicionar"_s, u"list-add"_s, u"Adiciona um lançamento"_s, m_ui->adicionar);
+    editCommand = command(m_names.edit, u"Alterar"_s, u"document-edit"_s,
+                          u"Altera o lançamento selecionado"_s, m_ui->alterar);
+    removeCommand = command(m_names.remove, u"Remover"_s, u"edit-delete"_s,
+                            u"Remove os lançamentos selecionados"_s, m_ui->remover);
     settleCommand = command(m_names.settle, u"Efetuar baixa"_s, u"dialog-ok-apply"_s,
                             u"Marca o lançamento selecionado como concluído hoje"_s, m_ui->baixa);
     m_ui->lista->setContextMenuPolicy(Qt::ActionsContextMenu);
@@ -164,7 +169,8 @@ void EntryPane::refillFilterBoxes()
         Connection &connection = openDatabase();
         filterbox::refill(m_ui->contato, m_side.allContacts,
                           entrylist::distinct(connection, m_side, m_side.contactColumn));
-        filterbox::refill(m_ui->centro, m_side.allCentres, entrylist::distinct(connection, m_side, u"descricao"_s));
+        filterbox::refill(m_ui->centro, m_side.allCentres,
+                          entrylist::distinct(connection, m_side, u"descricao"_s));
         filterbox::refill(m_ui->banco, entryfilter::allAccounts.toString(),
                           entrylist::distinct(connection, m_side, u"origem"_s));
     });

@@ -27,9 +27,9 @@ struct EntryPaneNames
 const EntryPaneNames &payablePaneNames();
 const EntryPaneNames &receivablePaneNames();
 
-/// One tab of the main window: the payables or the receivables with filter boxes, commands and totals line. A changed
-/// filter box refills the list at once and is kept in the settings; when the list cannot be read, list and boxes stay as
-/// they were.
+/// One tab of the main window: the payables or the receivables with filter boxes, commands and totals line. A
+/// changed filter box refills the list at once and is kept in the settings; when the list cannot be read,
+/// list and boxes stay as they were.
 class EntryPane : public QWidget
 {
     Q_OBJECT

@@ -12,9 +12,10 @@ using namespace Qt::StringLiterals;
 ListExport::ListExport(QBoxLayout *bar, const QString &suffix, std::function<Report()> report, QWidget *pane)
     : QObject(pane)
 {
-    const ExportTexts texts{u"Salvar relatório em txt"_s, u"Arquivos de Texto(*.txt)"_s, u"Salvar relatório em html"_s,
-                            u"Arquivos HTML(*.html)"_s};
-    const auto command = [&](const QString &name, const QString &text, const QString &icon, const QString &tip, auto run) {
+    const ExportTexts texts{u"Salvar relatório em txt"_s, u"Arquivos de Texto(*.txt)"_s,
+                            u"Salvar relatório em html"_s, u"Arquivos HTML(*.html)"_s};
+    const auto command = [&](const QString &name, const QString &text, const QString &icon,
+                             const QString &tip, auto run) {
         auto *action = new QAction(QIcon::fromTheme(icon), text, this);
         action->setObjectName(name + suffix);
         action->setStatusTip(tip);

@@ -10,8 +10,8 @@ class QAction;
 class QBoxLayout;
 class QWidget;
 
-/// The commands of a main window list that take it out of the program: print, text, HTML. They work on the rows and
-/// columns as shown.
+/// The commands of a main window list that take it out of the program: print, text, HTML. They work on the
+/// rows and columns as shown.
 class ListExport : public QObject
 {
     Q_OBJECT

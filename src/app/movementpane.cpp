@@ -2,14 +2,16 @@
 #include "ui_movementpane.h"
 
 #include "app/filterbox.h"
-#include "app/waittext.h"
+#include "bank/frmmovimentobanc.h"
 #include "data/clock.h"
 #include "data/period.h"
 #include "settings/database.h"
 #include "settings/listlayout.h"
 #include "widgets/frmcarregando.h"
 #include "widgets/messages.h"
+#include "widgets/waittext.h"
 
+#include <QAction>
 #include <QSignalBlocker>
 
 using namespace Qt::StringLiterals;
@@ -17,6 +19,7 @@ using namespace Qt::StringLiterals;
 MovementPane::MovementPane(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui::MovementPane>())
 {
     m_ui->setupUi(this);
+    makeCommands();
     m_ui->lstmovimento->setColumns(movementlist::columns());
     m_ui->lstmovimento->setEmptyText(u"Nenhum movimento bancário com estes filtros"_s);
     m_ui->lbltotalm->setText(MovementTotals().text());
@@ -34,6 +37,61 @@ MovementPane::~MovementPane() = default;
 ListView &MovementPane::list()
 {
     return *m_ui->lstmovimento;
+}
+
+void MovementPane::makeCommands()
+{
+    const auto command = [this](const QString &text, const QString &icon, const QString &tip,
+                                QToolButton *button) {
+        auto *action = new QAction(QIcon::fromTheme(icon), text, this);
+        action->setObjectName(button->objectName());
+        action->setStatusTip(tip);
+        button->setDefaultAction(action);
+        m_ui->lstmovimento->addAction(action);
+        return action;
+    };
+    addCommand =
+        command(u"Adicionar"_s, u"list-add"_s, u"Adiciona um movimento bancário"_s, m_ui->cmdadicionarm);
+    editCommand =
+        command(u"Alterar"_s, u"document-edit"_s, u"Altera o movimento selecionado"_s, m_ui->cmdalterarm);
+    removeCommand =
+        command(u"Remover"_s, u"edit-delete"_s, u"Remove os movimentos selecionados"_s, m_ui->cmdremoverm);
+    m_ui->lstmovimento->setContextMenuPolicy(Qt::ActionsContextMenu);
+    connect(addCommand, &QAction::triggered, this, [this] { frmmovimentobanc::openNew(window()); });
+    connect(editCommand, &QAction::triggered, this, &MovementPane::editSelected);
+    connect(removeCommand, &QAction::triggered, this, &MovementPane::removeSelected);
+    connect(m_ui->lstmovimento, &ListView::rowActivated, editCommand, &QAction::trigger);
+    connect(m_ui->lstmovimento, &ListView::removeRequested, removeCommand, &QAction::trigger);
+}
+
+int MovementPane::selectedOrTell()
+{
+    const int row = m_ui->lstmovimento->selectedRow();
+    if (row < 0 && m_ui->lstmovimento->rowCount() > 0)
+        messages::information(this, u"Movimento bancário"_s, u"Selecione um movimento na lista."_s);
+    return row;
+}
+
+void MovementPane::editSelected()
+{
+    const int row = selectedOrTell();
+    if (row >= 0)
+        frmmovimentobanc::openEdit(m_ui->lstmovimento->cell(row, 0).toLongLong(), window());
+}
+
+void MovementPane::removeSelected()
+{
+    if (selectedOrTell() < 0)
+        return;
+    if (!messages::question(this, u"Remover"_s,
+                            u"Tem certeza que deseja remover o item selecionado do banco de dados?"_s))
+        return;
+    std::vector<qint64> codes;
+    for (const int row : m_ui->lstmovimento->selectedRows())
+        codes.push_back(m_ui->lstmovimento->cell(row, 0).toLongLong());
+    if (messages::guarded(this, u"Ocorreu o seguinte erro ao tentar remover os dados: ",
+                          [&] { movement::remove(openDatabase(), codes); }))
+        Q_EMIT changed();
 }
 
 MovementFilter MovementPane::filter() const
@@ -81,7 +139,7 @@ bool MovementPane::reload()
 {
     return messages::guarded(this, messages::generalPrefix, [this] {
         const QString query = movementlist::query(filter(), programclock::today());
-        WaitProgress progress(window(), u"Carregando movimento bancário"_s, listWaitText());
+        WaitProgress progress(window(), movementlist::loadingTitle.toString(), listWaitText());
         MovementList movements = movementlist::load(openDatabase(), query, &progress);
         m_ui->lstmovimento->setRows(std::move(movements.rows));
         m_ui->lbltotalm->setText(movements.totals.text());

@@ -32,7 +32,8 @@ frmbanco *frmbanco::openNew(QWidget *parent)
 frmbanco *frmbanco::openEdit(const QString &name, QWidget *parent)
 {
     std::optional<AccountForm> account;
-    if (!messages::guarded(parent, messages::generalPrefix, [&] { account = accounts::load(openDatabase(), name); }))
+    if (!messages::guarded(parent, messages::generalPrefix,
+                           [&] { account = accounts::load(openDatabase(), name); }))
         return nullptr;
     if (!account) {
         messages::information(parent, u"Caixa/Banco"_s, u"Este caixa/banco não existe mais."_s);

@@ -23,7 +23,8 @@ QString piece(const QString &column, const QString &choice)
 /// Entries that carry the product chosen, or any product.
 QString productPiece(const QString &choice)
 {
-    return isAll(choice) ? u" and (produto <> '"_s + stock::noProduct.toString() + u"') "_s : piece(u"produto"_s, choice);
+    return isAll(choice) ? u" and (produto <> '"_s + stock::noProduct.toString() + u"') "_s
+                         : piece(u"produto"_s, choice);
 }
 
 /// The status word that the choice asks for; "%%" for any.
@@ -45,8 +46,8 @@ QString periodQuery(const Side &side, const QString &column, period::Choice choi
     case period::Choice::ThisYear:
         return select + u" where("_s + column + u" like '%"_s + year + u"/%') "_s;
     case period::Choice::ThisMonth: // the year half tests `data` whatever the column
-        return select + u" where("_s + dayColumn + u" like '%/"_s + today.toString(u"MM"_s) + u"/%' AND data like '%"_s
-            + year + u"/%') "_s;
+        return select + u" where("_s + dayColumn + u" like '%/"_s + today.toString(u"MM"_s) +
+               u"/%' AND data like '%"_s + year + u"/%') "_s;
     case period::Choice::Today:
         return select + u" where("_s + dayColumn + u" like '"_s + dates::stored(today) + u"') "_s;
     default: {
@@ -56,7 +57,7 @@ QString periodQuery(const Side &side, const QString &column, period::Choice choi
     }
 }
 
-}
+} // namespace
 
 namespace entryfilter {
 
@@ -72,7 +73,8 @@ QStringList statusChoices()
 
 QString query(const Side &side, const EntryFilter &filter, QDate today)
 {
-    const bool ofEntry = !side.dateChoiceFilters || byEntryDate.compare(filter.basedOn, Qt::CaseInsensitive) == 0;
+    const bool ofEntry =
+        !side.dateChoiceFilters || byEntryDate.compare(filter.basedOn, Qt::CaseInsensitive) == 0;
     const QString column = ofEntry ? u"data"_s : u"vencimento"_s;
     const QString wanted = statusPattern(filter.status);
     const period::Choice choice = period::fromText(filter.period);
@@ -87,11 +89,11 @@ QString query(const Side &side, const EntryFilter &filter, QDate today)
 
     if (filter.product)
         sql += productPiece(*filter.product);
-    sql += piece(u"origem"_s, filter.account) + piece(u"descricao"_s, filter.centre)
-        + piece(side.contactColumn, filter.contact);
+    sql += piece(u"origem"_s, filter.account) + piece(u"descricao"_s, filter.centre) +
+           piece(side.contactColumn, filter.contact);
     if (side.dateChoiceFilters)
         sql += u" order by "_s + column;
     return sql.trimmed();
 }
 
-}
+} // namespace entryfilter

@@ -7,8 +7,8 @@
 
 #include <optional>
 
-/// The choices of an entry list's filter boxes, as their texts; letter case is ignored. An "all" choice is a text that
-/// begins with "Todos" (for the status: "Pendentes e Concluídos").
+/// The choices of an entry list's filter boxes, as their texts; letter case is ignored. An "all" choice is a
+/// text that begins with "Todos" (for the status: "Pendentes e Concluídos").
 struct EntryFilter
 {
     QString basedOn; ///< "Data cadastro", or the due date
@@ -33,4 +33,4 @@ QStringList statusChoices();
 /// The list's query, in the program's SQL dialect.
 QString query(const Side &side, const EntryFilter &filter, QDate today);
 
-}
+} // namespace entryfilter

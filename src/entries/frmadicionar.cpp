@@ -17,8 +17,8 @@ frmAdicionar::frmAdicionar(const Side &side, const QString &code, QWidget *paren
     : EntryScreen(side, parent), m_ui(std::make_unique<Ui::frmAdicionar>()), m_code(code)
 {
     m_ui->setupUi(this);
-    setUp({m_ui->cboestatus, m_ui->cboorigem, m_ui->cbotipo, m_ui->txtdescricao, m_ui->cbomoeda, m_ui->cboproduto,
-           m_ui->txtdata, m_ui->cmdcancelar});
+    setUp({m_ui->cboestatus, m_ui->cboorigem, m_ui->cbotipo, m_ui->txtdescricao, m_ui->cbomoeda,
+           m_ui->cboproduto, m_ui->txtdata, m_ui->cmdcancelar});
 
     setWindowTitle(side.caption);
     m_ui->lbldescricao->setText(side.descriptionLabel);
@@ -46,7 +46,8 @@ frmAdicionar *frmAdicionar::openNew(const Side &side, QWidget *parent)
 frmAdicionar *frmAdicionar::openEdit(const Side &side, const QString &code, QWidget *parent)
 {
     std::optional<EntryForm> form;
-    if (!messages::guarded(parent, messages::generalPrefix, [&] { form = entry::load(openDatabase(), side, code); }))
+    if (!messages::guarded(parent, messages::generalPrefix,
+                           [&] { form = entry::load(openDatabase(), side, code); }))
         return nullptr;
     if (!form) {
         messages::information(parent, side.caption, u"Este lançamento não existe mais."_s);
@@ -149,9 +150,10 @@ void frmAdicionar::save()
         return;
     const bool saved = messages::guarded(this, messages::savePrefix, [&] {
         if (m_code.isEmpty() && entry::exceedsStock(openDatabase(), m_side, typed))
-            messages::exclamation(this, u"Aviso de estoque"_s,
-                                  u"A quantidade de produtos adicionada é maior do que a quantidade de itens no estoque! "
-                                  "Seu saldo no estoque ficara negativo"_s);
+            messages::exclamation(
+                this, u"Aviso de estoque"_s,
+                u"A quantidade de produtos adicionada é maior do que a quantidade de itens no estoque! "
+                "Seu saldo no estoque ficara negativo"_s);
         entry::save(openDatabase(), m_side, typed, m_code);
     });
     if (!saved)

@@ -9,8 +9,8 @@ namespace Ui {
 class frmAdicionar;
 }
 
-/// The entry screen: records one payable or receivable, or changes one. It announces the side's Subject when it closes after
-/// saving.
+/// The entry screen: records one payable or receivable, or changes one. It announces the side's Subject when
+/// it closes after saving.
 class frmAdicionar : public EntryScreen
 {
     Q_OBJECT

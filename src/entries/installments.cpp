@@ -1,9 +1,9 @@
 #include "entries/installments.h"
 
 #include "data/dates.h"
+#include "data/formtext.h"
 #include "data/money.h"
 #include "data/recordset.h"
-#include "data/typedamount.h"
 #include "entries/entry.h"
 
 using namespace Qt::StringLiterals;
@@ -26,12 +26,12 @@ public:
         : m_row(connection, side.table),
           m_side(side),
           m_form(form),
-          m_date(entry::storedDate(u"Data"_s, form.date)),
-          m_document(entry::freeText(form.document)),
-          m_notes(entry::freeText(form.notes) + u" - Parcela "_s),
+          m_date(formtext::storedDate(u"Data"_s, form.date)),
+          m_document(formtext::freeText(form.document)),
+          m_notes(formtext::freeText(form.notes) + u" - Parcela "_s),
           m_ofCount(u" de "_s + QString::number(number(form.count)))
     {
-        typedAmount(u"Valor"_s, form.value);
+        formtext::amount(u"Valor"_s, form.value);
     }
 
     void append(int number, QDate due)
@@ -90,7 +90,7 @@ QDate nextDue(QDate previous, const InstallmentsForm &form)
 
 std::vector<QDate> dueDates(const InstallmentsForm &form)
 {
-    QDate due = dates::read(entry::storedDate(u"Data"_s, form.date));
+    QDate due = dates::read(formtext::storedDate(u"Data"_s, form.date));
     std::vector<QDate> result;
     for (qint64 i = number(form.count); i > 0; --i) {
         due = nextDue(due, form);

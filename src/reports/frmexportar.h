@@ -11,8 +11,9 @@ struct ExportTexts
     QString htmlTitle, htmlFilter;
 };
 
-/// The three commands that every list screen has on its list. Each asks for a file or a printer, shows the wait screen while a
-/// long list is written, and tells the user when it failed; an older file stays untouched until the new one is complete.
+/// The three commands that every list screen has on its list. Each asks for a file or a printer, shows the
+/// wait screen while a long list is written, and tells the user when it failed; an older file stays untouched
+/// until the new one is complete.
 namespace exportar {
 
 /// Saves as fixed-width text and offers to open the file.
@@ -22,4 +23,4 @@ void saveHtml(QWidget *parent, const Report &report, const ExportTexts &texts);
 /// Shows the pages, prints them or saves them as PDF.
 void print(QWidget *parent, const Report &report);
 
-}
+} // namespace exportar

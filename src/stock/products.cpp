@@ -1,7 +1,7 @@
 #include "stock/products.h"
 
+#include "data/formtext.h"
 #include "data/recordset.h"
-#include "data/typedamount.h"
 #include "stock/stock.h"
 
 using namespace Qt::StringLiterals;
@@ -16,8 +16,8 @@ QString byName(const QString &name)
 void writeColumns(Recordset &row, const ProductForm &form)
 {
     row.set(u"produto", form.name.trimmed());
-    row.set(u"qtde", typedAmountOrZero(u"Quantidade"_s, form.quantity).plain());
-    row.set(u"custo", typedAmountOrZero(u"Valor de custo"_s, form.cost).grouped());
+    row.set(u"qtde", formtext::amountOrZero(u"Quantidade"_s, form.quantity).plain());
+    row.set(u"custo", formtext::amountOrZero(u"Valor de custo"_s, form.cost).grouped());
     row.set(u"info", form.notes);
 }
 

@@ -37,4 +37,4 @@ void choose(QComboBox *box, const QString &text)
     box->setCurrentIndex(box->findText(text, Qt::MatchExactly));
 }
 
-}
+} // namespace boxes

@@ -3,8 +3,10 @@
 #include "app/frmprincipal.h"
 #include "app/icons.h"
 #include "bank/frmbanco.h"
+#include "bank/frmmovimentobanc.h"
 #include "data/clock.h"
 #include "entries/frmadicionar.h"
+#include "entries/frmvisualizar.h"
 #include "settings/frmconfigsoft.h"
 #include "settings/programfolder.h"
 #include "settings/settings.h"
@@ -85,6 +87,27 @@ void mainWindow(Pictures &pictures, frmPrincipal &window)
     tabs->setCurrentIndex(frmPrincipal::PayablesTab);
 }
 
+void movements(Pictures &pictures, frmPrincipal &window)
+{
+    pictures.takeAndClose(frmmovimentobanc::openNew(&window), u"movimento"_s);
+    const auto *list = window.findChild<ListView *>(u"lstmovimento"_s);
+    int row = 0;
+    while (row < list->rowCount() - 1 && list->cell(row, 2) != movement::transfer)
+        ++row;
+    pictures.takeAndClose(frmmovimentobanc::openEdit(list->cell(row, 0).toLongLong(), &window),
+                          u"editarmovimento"_s);
+}
+
+void periodViews(Pictures &pictures, frmPrincipal &window)
+{
+    pictures.takeAndClose(frmVisualizar::open(payableView(), ViewPeriod::Month, &window),
+                          u"visualizarpagar"_s);
+    pictures.takeAndClose(frmVisualizar::open(receivableView(), ViewPeriod::Day, &window),
+                          u"visualizarreceber"_s);
+    pictures.takeAndClose(frmVisualizar::open(bankView(), ViewPeriod::Year, &window),
+                          u"visualizarbancario"_s);
+}
+
 void screens(Pictures &pictures, frmPrincipal &window)
 {
     for (const auto &[side, name] : {std::pair(&receivable(), u"lancamento"_s), {&payable(), u"despesa"_s}}) {
@@ -99,7 +122,8 @@ void screens(Pictures &pictures, frmPrincipal &window)
     configuration.show();
     pictures.takeAndClose(&configuration, u"configuracoes"_s);
     frmCarregando wait(&window);
-    wait.setTexts(u"Carregando contas a pagar"_s, u"Por favor aguarde enquanto o software carrega os dados."_s);
+    wait.setTexts(u"Carregando contas a pagar"_s,
+                  u"Por favor aguarde enquanto o software carrega os dados."_s);
     wait.setRange(100);
     wait.setDone(40);
     wait.show();
@@ -120,7 +144,7 @@ void stockScreens(Pictures &pictures, frmPrincipal &window)
     stock->close();
 }
 
-}
+} // namespace
 
 int main(int argc, char *argv[])
 {
@@ -146,5 +170,7 @@ int main(int argc, char *argv[])
     mainWindow(pictures, window);
     screens(pictures, window);
     stockScreens(pictures, window);
+    movements(pictures, window);
+    periodViews(pictures, window);
     return pictures.failed() ? 1 : 0;
 }
