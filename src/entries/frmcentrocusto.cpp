@@ -7,6 +7,7 @@
 #include "widgets/formkeys.h"
 #include "widgets/messages.h"
 
+#include <QHeaderView>
 #include <QInputDialog>
 
 using namespace Qt::StringLiterals;
@@ -34,6 +35,8 @@ frmCentroCusto::frmCentroCusto(const CentreSide &side, QWidget *parent)
     m_ui->lstcentro->setColumns({{u"descricao"_s, side.caption, CellKind::Text, 400}});
     m_ui->lstcentro->setEmptyText(u"Nenhum nome cadastrado"_s);
     m_ui->lstresumo->setColumns(centres::columns(side));
+    for (ListView *list : {m_ui->lstcentro, m_ui->lstresumo})
+        list->header()->setStretchLastSection(true);
     m_ui->txtnome->setFocus();
 }
 

@@ -7,6 +7,8 @@
 #include "data/clock.h"
 #include "entries/frmadicionar.h"
 #include "entries/frmvisualizar.h"
+#include "entries/frmcentrocusto.h"
+#include "entries/frmmultiplos.h"
 #include "settings/frmconfigsoft.h"
 #include "settings/programfolder.h"
 #include "settings/settings.h"
@@ -69,9 +71,32 @@ void fill(QWidget &screen)
 {
     screen.findChild<QComboBox *>(u"txtdescricao"_s)->setCurrentIndex(1);
     screen.findChild<QComboBox *>(u"cbotipo"_s)->setCurrentIndex(2);
-    screen.findChild<QComboBox *>(u"cboproduto"_s)->setCurrentIndex(1);
-    screen.findChild<QLineEdit *>(u"txtqtde"_s)->setText(u"2"_s);
     screen.findChild<QLineEdit *>(u"txtvalor"_s)->setText(u"1.234,50"_s);
+}
+
+void entryScreens(Pictures &pictures, frmPrincipal &window)
+{
+    for (const auto &[side, name] : {std::pair(&receivable(), u"lancamento"_s), {&payable(), u"despesa"_s}}) {
+        frmAdicionar *entry = frmAdicionar::openNew(*side, &window);
+        fill(*entry);
+        entry->findChild<QComboBox *>(u"cboproduto"_s)->setCurrentIndex(1);
+        entry->findChild<QLineEdit *>(u"txtqtde"_s)->setText(u"2"_s);
+        pictures.takeAndClose(entry, name);
+        frmMultiplos *installments = frmMultiplos::openFor(*side, &window);
+        fill(*installments);
+        pictures.takeAndClose(installments, u"parcelas-"_s + name);
+    }
+}
+
+void centreScreens(Pictures &pictures, frmPrincipal &window)
+{
+    for (const CentreSide *side : {&costCentres(), &profitCentres()}) {
+        frmCentroCusto *screen = frmCentroCusto::openFor(*side, &window);
+        screen->findChild<ListView *>(u"lstcentro"_s)->selectRow(1);
+        pictures.take(*screen, side->table);
+        screen->findChild<QTabWidget *>(u"xtab"_s)->setCurrentIndex(1);
+        pictures.takeAndClose(screen, side->table + u"-resumo"_s);
+    }
 }
 
 void mainWindow(Pictures &pictures, frmPrincipal &window)
@@ -110,11 +135,8 @@ void periodViews(Pictures &pictures, frmPrincipal &window)
 
 void screens(Pictures &pictures, frmPrincipal &window)
 {
-    for (const auto &[side, name] : {std::pair(&receivable(), u"lancamento"_s), {&payable(), u"despesa"_s}}) {
-        frmAdicionar *entry = frmAdicionar::openNew(*side, &window);
-        fill(*entry);
-        pictures.takeAndClose(entry, name);
-    }
+    entryScreens(pictures, window);
+    centreScreens(pictures, window);
     pictures.takeAndClose(frmbanco::openNew(&window), u"conta"_s);
     const QString account = window.findChild<ListView *>(u"lstcaixabanco"_s)->cell(0, 0);
     pictures.takeAndClose(frmbanco::openEdit(account, &window), u"editarconta"_s);
