@@ -5,9 +5,12 @@
 #include "bank/frmbanco.h"
 #include "data/clock.h"
 #include "entries/frmadicionar.h"
+#include "entries/frmcadcli.h"
+#include "entries/frmcliente.h"
 #include "settings/frmconfigsoft.h"
 #include "settings/programfolder.h"
 #include "settings/settings.h"
+#include "stock/frmconfetiqueta.h"
 #include "widgets/frmcarregando.h"
 #include "widgets/listview.h"
 
@@ -15,6 +18,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPalette>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -83,6 +87,19 @@ void mainWindow(Pictures &pictures, frmPrincipal &window)
     tabs->setCurrentIndex(frmPrincipal::PayablesTab);
 }
 
+void contacts(Pictures &pictures, frmPrincipal &window)
+{
+    frmCliente *list = frmCliente::open(clients(), &window);
+    list->findChild<ListView *>(u"lstcontato"_s)->selectRow(2);
+    pictures.take(*list, u"clientes"_s);
+    list->findChild<QComboBox *>(u"cbofiltro"_s)->setCurrentText(u"cidade"_s);
+    list->findChild<QLineEdit *>(u"txtfiltro"_s)->setText(u"paulo"_s);
+    pictures.takeAndClose(list, u"clientesfiltro"_s);
+    pictures.takeAndClose(frmCadCli::openNew(suppliers(), suppliers().newCaption, &window), u"novofornecedor"_s);
+    pictures.takeAndClose(frmCadCli::openEdit(clients(), u"1"_s, &window), u"editarcliente"_s);
+    pictures.takeAndClose(frmConfEtiqueta::open(u"Select * from cliente"_s, &window), u"etiquetas"_s);
+}
+
 void screens(Pictures &pictures, frmPrincipal &window)
 {
     for (const auto &[side, name] : {std::pair(&receivable(), u"lancamento"_s), {&payable(), u"despesa"_s}}) {
@@ -96,6 +113,7 @@ void screens(Pictures &pictures, frmPrincipal &window)
     frmConfigSoft configuration(&window);
     configuration.show();
     pictures.takeAndClose(&configuration, u"configuracoes"_s);
+    contacts(pictures, window);
     frmCarregando wait(&window);
     wait.setTexts(u"Carregando contas a pagar"_s, u"Por favor aguarde enquanto o software carrega os dados."_s);
     wait.setRange(100);
@@ -109,6 +127,7 @@ void screens(Pictures &pictures, frmPrincipal &window)
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
+    QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() < 3) {
         std::fputs("usage: tavaro-telas PROGRAM_FOLDER OUTPUT_FOLDER [--escuro]\n", stderr);
