@@ -38,6 +38,18 @@ void useWholePaper(QPagedPaintDevice &device)
     device.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF()));
 }
 
+/// The edges of the labels, for the screen alone.
+void paintEdges(QPainter &painter)
+{
+    painter.save();
+    painter.setPen(QPen(Qt::lightGray, 0, Qt::DotLine));
+    for (int place = 0; place < labelsheet::labelsPerPage; ++place)
+        painter.drawRect(QRectF(place % labelsheet::columns * labelsheet::labelWidth * unit,
+                                place / labelsheet::columns * labelsheet::labelHeight * unit,
+                                labelsheet::labelWidth * unit, labelsheet::labelHeight * unit));
+    painter.restore();
+}
+
 void paintPage(QPainter &painter, const std::vector<LabelText> &page)
 {
     for (const LabelText &label : page) {
@@ -178,6 +190,8 @@ void frmConfEtiqueta::paintOn(QPagedPaintDevice &device, int maxPages)
         labels::pages(openDatabase(), m_query, fields(), m_ui->spninicio->value() - 1, maxPages);
     QPainter painter(&device);
     painter.setWindow(0, 0, int(labelsheet::paperWidth * unit), int(labelsheet::paperHeight * unit));
+    if (&device == &m_previewPrinter)
+        paintEdges(painter);
     for (std::size_t i = 0; i < pages.size(); ++i) {
         if (i > 0)
             device.newPage();

@@ -6,13 +6,16 @@
 #include "bank/frmmovimentobanc.h"
 #include "data/clock.h"
 #include "entries/frmadicionar.h"
-#include "entries/frmvisualizar.h"
+#include "entries/frmcadcli.h"
 #include "entries/frmcentrocusto.h"
+#include "entries/frmcliente.h"
 #include "entries/frmmultiplos.h"
+#include "entries/frmvisualizar.h"
 #include "settings/frmconfigsoft.h"
 #include "settings/programfolder.h"
 #include "settings/settings.h"
 #include "stock/frmcadproduto.h"
+#include "stock/frmconfetiqueta.h"
 #include "stock/frmestoque.h"
 #include "widgets/frmcarregando.h"
 #include "widgets/listview.h"
@@ -21,6 +24,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPalette>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -133,6 +137,19 @@ void periodViews(Pictures &pictures, frmPrincipal &window)
                           u"visualizarbancario"_s);
 }
 
+void contacts(Pictures &pictures, frmPrincipal &window)
+{
+    frmCliente *list = frmCliente::open(clients(), &window);
+    list->findChild<ListView *>(u"lstcontato"_s)->selectRow(2);
+    pictures.take(*list, u"clientes"_s);
+    list->findChild<QComboBox *>(u"cbofiltro"_s)->setCurrentText(u"cidade"_s);
+    list->findChild<QLineEdit *>(u"txtfiltro"_s)->setText(u"paulo"_s);
+    pictures.takeAndClose(list, u"clientesfiltro"_s);
+    pictures.takeAndClose(frmCadCli::openNew(suppliers(), suppliers().newCaption, &window), u"novofornecedor"_s);
+    pictures.takeAndClose(frmCadCli::openEdit(clients(), u"1"_s, &window), u"editarcliente"_s);
+    pictures.takeAndClose(frmConfEtiqueta::open(u"Select * from cliente"_s, &window), u"etiquetas"_s);
+}
+
 void screens(Pictures &pictures, frmPrincipal &window)
 {
     entryScreens(pictures, window);
@@ -143,6 +160,7 @@ void screens(Pictures &pictures, frmPrincipal &window)
     frmConfigSoft configuration(&window);
     configuration.show();
     pictures.takeAndClose(&configuration, u"configuracoes"_s);
+    contacts(pictures, window);
     frmCarregando wait(&window);
     wait.setTexts(u"Carregando contas a pagar"_s,
                   u"Por favor aguarde enquanto o software carrega os dados."_s);
@@ -171,6 +189,7 @@ void stockScreens(Pictures &pictures, frmPrincipal &window)
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
+    QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() < 3) {
         std::fputs("usage: tavaro-telas PROGRAM_FOLDER OUTPUT_FOLDER [--escuro]\n", stderr);
