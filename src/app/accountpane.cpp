@@ -1,6 +1,8 @@
 #include "app/accountpane.h"
 #include "ui_accountpane.h"
 
+#include "app/listcommand.h"
+#include "app/listexport.h"
 #include "bank/frmbanco.h"
 #include "data/changes.h"
 #include "settings/database.h"
@@ -40,21 +42,22 @@ ListView &AccountPane::list()
 
 void AccountPane::makeCommands()
 {
-    const auto command = [this](const QString &text, const QString &icon, const QString &tip,
-                                QToolButton *button) {
-        auto *action = new QAction(QIcon::fromTheme(icon), text, this);
-        action->setObjectName(button->objectName());
-        action->setStatusTip(tip);
-        button->setDefaultAction(action);
-        m_ui->lstcaixabanco->addAction(action);
-        return action;
+    const auto command = [this](const QString &name, const listcommand::Look &look) {
+        return listcommand::add(m_ui->comandos, *m_ui->lstcaixabanco, name, look);
     };
-    addCommand = command(u"Adicionar"_s, u"list-add"_s, u"Cadastra um caixa ou banco"_s, m_ui->cmdadicionarb);
-    editCommand = command(u"Alterar"_s, u"document-edit"_s, u"Altera o saldo inicial e as informações"_s,
-                          m_ui->cmdalterarb);
+    addCommand = command(u"cmdadicionarb"_s, listcommand::addLook(u"Cadastra um caixa ou banco"_s));
+    editCommand =
+        command(u"cmdalterarb"_s, listcommand::editLook(u"Altera o saldo inicial e as informações"_s));
     removeCommand =
-        command(u"Remover"_s, u"edit-delete"_s, u"Remove o caixa ou banco selecionado"_s, m_ui->cmdremoverb);
-    m_ui->lstcaixabanco->setContextMenuPolicy(Qt::ActionsContextMenu);
+        command(u"cmdremoverb"_s, listcommand::removeLook(u"Remove o caixa ou banco selecionado"_s));
+    addListExport(m_ui->comandos, *m_ui->lstcaixabanco, u"b"_s, [this] {
+        return Report{.title = u"Caixas e bancos"_s,
+                      .subtitle = u"Saldos"_s,
+                      .filterText = {},
+                      .tables = {m_ui->lstcaixabanco->tableSource()},
+                      .lines = {},
+                      .statistics = m_ui->txtresucaixa->toPlainText()};
+    });
     connect(addCommand, &QAction::triggered, this, [this] { frmbanco::openNew(window()); });
     connect(editCommand, &QAction::triggered, this, &AccountPane::editSelected);
     connect(removeCommand, &QAction::triggered, this, &AccountPane::removeSelected);

@@ -5,6 +5,7 @@
 #include "entries/entry.h"
 #include "entries/entrylist.h"
 #include "entries/frmadicionar.h"
+#include "entries/frmmultiplos.h"
 #include "settings/database.h"
 #include "widgets/listview.h"
 #include "widgets/messages.h"
@@ -19,6 +20,8 @@ EntryCommands::EntryCommands(EntryPane &pane, EntryPane &stockPane, QObject *par
     connect(pane.addCommand, &QAction::triggered, this, &EntryCommands::add);
     connect(pane.editCommand, &QAction::triggered, this, &EntryCommands::edit);
     connect(pane.removeCommand, &QAction::triggered, this, &EntryCommands::remove);
+    connect(pane.installmentsCommand, &QAction::triggered, this,
+            [this] { frmMultiplos::openFor(m_pane.side(), m_pane.window()); });
     connect(pane.settleCommand, &QAction::triggered, this, &EntryCommands::settle);
 }
 

@@ -2,21 +2,12 @@
 
 #include "reports/report.h"
 
-#include <QObject>
-
 #include <functional>
 
-class QAction;
+class ListView;
 class QBoxLayout;
-class QWidget;
 
-/// The commands of a main window list that take it out of the program: print, text, HTML. They work on the
-/// rows and columns as shown.
-class ListExport : public QObject
-{
-    Q_OBJECT
-
-public:
-    /// Adds the three commands as buttons to `bar`; `suffix` ends their names: "cmdimprimirp".
-    ListExport(QBoxLayout *bar, const QString &suffix, std::function<Report()> report, QWidget *pane);
-};
+/// Adds the commands that take a list out of the program, as it is shown, to the bar over it: print, text,
+/// HTML. `suffix` ends their names: "cmdimprimirp".
+void addListExport(QBoxLayout *bar, ListView &list, const QString &suffix,
+                   const std::function<Report()> &report);

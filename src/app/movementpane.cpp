@@ -2,6 +2,8 @@
 #include "ui_movementpane.h"
 
 #include "app/filterbox.h"
+#include "app/listcommand.h"
+#include "app/listexport.h"
 #include "bank/frmmovimentobanc.h"
 #include "data/clock.h"
 #include "data/period.h"
@@ -41,22 +43,21 @@ ListView &MovementPane::list()
 
 void MovementPane::makeCommands()
 {
-    const auto command = [this](const QString &text, const QString &icon, const QString &tip,
-                                QToolButton *button) {
-        auto *action = new QAction(QIcon::fromTheme(icon), text, this);
-        action->setObjectName(button->objectName());
-        action->setStatusTip(tip);
-        button->setDefaultAction(action);
-        m_ui->lstmovimento->addAction(action);
-        return action;
+    const auto command = [this](const QString &name, const listcommand::Look &look) {
+        return listcommand::add(m_ui->comandos, *m_ui->lstmovimento, name, look);
     };
-    addCommand =
-        command(u"Adicionar"_s, u"list-add"_s, u"Adiciona um movimento bancário"_s, m_ui->cmdadicionarm);
-    editCommand =
-        command(u"Alterar"_s, u"document-edit"_s, u"Altera o movimento selecionado"_s, m_ui->cmdalterarm);
+    addCommand = command(u"cmdadicionarm"_s, listcommand::addLook(u"Adiciona um movimento bancário"_s));
+    editCommand = command(u"cmdalterarm"_s, listcommand::editLook(u"Altera o movimento selecionado"_s));
     removeCommand =
-        command(u"Remover"_s, u"edit-delete"_s, u"Remove os movimentos selecionados"_s, m_ui->cmdremoverm);
-    m_ui->lstmovimento->setContextMenuPolicy(Qt::ActionsContextMenu);
+        command(u"cmdremoverm"_s, listcommand::removeLook(u"Remove os movimentos selecionados"_s));
+    addListExport(m_ui->comandos, *m_ui->lstmovimento, u"m"_s, [this] {
+        return Report{.title = u"Movimento bancário"_s,
+                      .subtitle = m_applied.period,
+                      .filterText = m_applied.kind,
+                      .tables = {m_ui->lstmovimento->tableSource()},
+                      .lines = {},
+                      .statistics = m_ui->lbltotalm->text()};
+    });
     connect(addCommand, &QAction::triggered, this, [this] { frmmovimentobanc::openNew(window()); });
     connect(editCommand, &QAction::triggered, this, &MovementPane::editSelected);
     connect(removeCommand, &QAction::triggered, this, &MovementPane::removeSelected);

@@ -71,6 +71,13 @@ QStringList statusChoices()
     return {u"Pendentes e Concluídos"_s, u"Pendentes"_s, u"Concluídos"_s};
 }
 
+QString description(const EntryFilter &filter)
+{
+    const QStringList choices{filter.period,  filter.basedOn, filter.status,
+                              filter.account, filter.centre,  filter.contact};
+    return choices.join(u" - "_s);
+}
+
 QString query(const Side &side, const EntryFilter &filter, QDate today)
 {
     const bool ofEntry =

@@ -30,6 +30,8 @@ inline constexpr QStringView byEntryDate = u"Data cadastro";
 
 QStringList basedOnChoices();
 QStringList statusChoices();
+/// The choices in words, for the head of a report.
+QString description(const EntryFilter &filter);
 /// The list's query, in the program's SQL dialect.
 QString query(const Side &side, const EntryFilter &filter, QDate today);
 

@@ -69,7 +69,10 @@ void frmAdicionar::connectControls()
         topmost::set(this, u"desativo");
         frmbanco::openNew(this);
     });
-    connect(m_ui->cmdforncliinc, &QToolButton::clicked, this, &frmAdicionar::addContact);
+    connect(m_ui->cmdforncliinc, &QToolButton::clicked, this, [this] {
+        topmost::set(this, u"desativo");
+        frmCadCli::openNew(m_side.contacts, m_side.contacts.quickAddCaption, this);
+    });
     connect(m_ui->cmddescinc, &QToolButton::clicked, this, [this] {
         topmost::set(this, u"desativo");
         frmCentroCusto::openFor(m_side.centres, this);
@@ -82,16 +85,6 @@ void frmAdicionar::connectControls()
     connect(this, &QDialog::finished, this, [this] {
         if (std::exchange(m_unannounced, false))
             Changes::announce(m_side.subject);
-    });
-}
-
-void frmAdicionar::addContact()
-{
-    topmost::set(this, u"desativo");
-    const auto *record = frmCadCli::openNew(m_side.contacts, m_side.contacts.quickAddCaption, this);
-    connect(record, &frmCadCli::saved, this, [this](const QString &name) {
-        if (m_ui->cbotipo->currentText().isEmpty())
-            boxes::choose(m_ui->cbotipo, name);
     });
 }
 

@@ -25,7 +25,6 @@ public:
 private:
     frmAdicionar(const Side &side, const QString &code, QWidget *parent);
     void connectControls();
-    void addContact();
     void showForm(const EntryForm &form);
     EntryForm form() const;
     void showUnitCost(bool timesQuantity);

@@ -149,5 +149,4 @@ void frmCadCli::save()
         return;
     close();
     Changes::announce(m_side.subject);
-    Q_EMIT saved(typed.name.trimmed());
 }

@@ -24,10 +24,6 @@ public:
     /// Shows the contact with the code; null, with a message, when it is no longer there.
     static frmCadCli *openEdit(const ContactSide &side, const QString &code, QWidget *parent);
 
-Q_SIGNALS:
-    /// After the announcement, when open screens know the name already.
-    void saved(const QString &name);
-
 private:
     frmCadCli(const ContactSide &side, const QString &code, const QString &caption, QWidget *parent);
     void refillSuggestions();

@@ -56,8 +56,9 @@ void EntryScreen::refill(Subject subject)
         if (subject == Subject::Accounts)
             boxes::refill(m_controls.account, entry::accountNames(openDatabase()));
         else if (subject == m_side.contacts.subject)
-            boxes::refill(m_controls.contact, entry::names(openDatabase(), m_side.contactQuery, u"nome"));
-        else if (subject == m_side.centreSubject)
+            boxes::refillTakingNew(m_controls.contact,
+                                   entry::names(openDatabase(), m_side.contactQuery, u"nome"));
+        else if (subject == m_side.centres.subject)
             boxes::refillTakingNew(m_controls.description,
                                    entry::names(openDatabase(), m_side.centreQuery, u"descricao"));
         else if (subject == Subject::Products && m_controls.product)

@@ -6,7 +6,6 @@ const Side &payable()
 {
     static const Side side{
         .subject = Subject::Payables,
-        .centreSubject = Subject::CostCentres,
         .contacts = suppliers(),
         .table = u"pagar"_s,
         .contactColumn = u"fornecedor"_s,
@@ -47,7 +46,6 @@ const Side &receivable()
 {
     static const Side side{
         .subject = Subject::Receivables,
-        .centreSubject = Subject::ProfitCentres,
         .contacts = clients(),
         .table = u"receber"_s,
         .contactColumn = u"cliente"_s,

@@ -12,7 +12,6 @@
 struct Side
 {
     Subject subject;             ///< announced when entries of this side change
-    Subject centreSubject;       ///< announced when the centres of this side change
     const ContactSide &contacts; ///< the counterparts of this side's entries
     QString table;               ///< entries: "pagar"
     QString contactColumn;       ///< column of `table`: "fornecedor"

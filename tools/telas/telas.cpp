@@ -145,7 +145,8 @@ void contacts(Pictures &pictures, frmPrincipal &window)
     list->findChild<QComboBox *>(u"cbofiltro"_s)->setCurrentText(u"cidade"_s);
     list->findChild<QLineEdit *>(u"txtfiltro"_s)->setText(u"paulo"_s);
     pictures.takeAndClose(list, u"clientesfiltro"_s);
-    pictures.takeAndClose(frmCadCli::openNew(suppliers(), suppliers().newCaption, &window), u"novofornecedor"_s);
+    pictures.takeAndClose(frmCadCli::openNew(suppliers(), suppliers().newCaption, &window),
+                          u"novofornecedor"_s);
     pictures.takeAndClose(frmCadCli::openEdit(clients(), u"1"_s, &window), u"editarcliente"_s);
     pictures.takeAndClose(frmConfEtiqueta::open(u"Select * from cliente"_s, &window), u"etiquetas"_s);
 }
@@ -212,6 +213,7 @@ int main(int argc, char *argv[])
     screens(pictures, window);
     stockScreens(pictures, window);
     movements(pictures, window);
+    contacts(pictures, window);
     periodViews(pictures, window);
     return pictures.failed() ? 1 : 0;
 }
