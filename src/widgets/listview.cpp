@@ -55,6 +55,10 @@ public:
     QString heading(int column) const override { return source(column).title; }
     CellKind kind(int column) const override { return source(column).kind; }
     QString cell(int row, int column) const override { return m_table.cell(row, m_columns[std::size_t(column)]); }
+    std::string_view utf8(int row, int column, std::string &) const override
+    {
+        return m_table.utf8(row, m_columns[std::size_t(column)]);
+    }
 
 private:
     const Column &source(int column) const { return m_table.columns()[std::size_t(m_columns[std::size_t(column)])]; }
