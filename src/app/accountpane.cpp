@@ -53,9 +53,7 @@ void AccountPane::makeCommands()
     addListExport(m_ui->comandos, *m_ui->lstcaixabanco, u"b"_s, [this] {
         return Report{.title = u"Caixas e bancos"_s,
                       .subtitle = u"Saldos"_s,
-                      .filterText = {},
                       .tables = {m_ui->lstcaixabanco->tableSource()},
-                      .lines = {},
                       .statistics = m_ui->txtresucaixa->toPlainText()};
     });
     connect(addCommand, &QAction::triggered, this, [this] { frmbanco::openNew(window()); });

@@ -50,14 +50,16 @@ void MovementPane::makeCommands()
     editCommand = command(u"cmdalterarm"_s, listcommand::editLook(u"Altera o movimento selecionado"_s));
     removeCommand =
         command(u"cmdremoverm"_s, listcommand::removeLook(u"Remove os movimentos selecionados"_s));
-    addListExport(m_ui->comandos, *m_ui->lstmovimento, u"m"_s, [this] {
-        return Report{.title = u"Movimento bancário"_s,
-                      .subtitle = m_applied.period,
-                      .filterText = m_applied.kind,
-                      .tables = {m_ui->lstmovimento->tableSource()},
-                      .lines = {},
-                      .statistics = m_ui->lbltotalm->text()};
-    });
+    addListExport(
+        m_ui->comandos, *m_ui->lstmovimento, u"m"_s,
+        [this] {
+            return Report{.title = u"Movimento bancário"_s,
+                          .subtitle = m_applied.period,
+                          .filterText = m_applied.kind,
+                          .tables = {m_ui->lstmovimento->tableSource()},
+                          .statistics = m_ui->lbltotalm->text()};
+        },
+        modimpressao::ListKind::Movements);
     connect(addCommand, &QAction::triggered, this, [this] { frmmovimentobanc::openNew(window()); });
     connect(editCommand, &QAction::triggered, this, &MovementPane::editSelected);
     connect(removeCommand, &QAction::triggered, this, &MovementPane::removeSelected);

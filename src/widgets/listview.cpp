@@ -61,6 +61,10 @@ public:
     {
         return m_table.cell(row, m_columns[std::size_t(column)]);
     }
+    std::string_view utf8(int row, int column, std::string &) const override
+    {
+        return m_table.utf8(row, m_columns[std::size_t(column)]);
+    }
 
 private:
     const Column &source(int column) const

@@ -84,6 +84,11 @@ QString TableModel::cell(int row, int column) const
     return m_rows.text(int(m_order[std::size_t(row)]), column);
 }
 
+std::string_view TableModel::utf8(int row, int column) const
+{
+    return m_rows.cell(int(m_order[std::size_t(row)]), column);
+}
+
 void TableModel::setColours(const QColor &text, const QColor &first, const QColor &second)
 {
     m_text = text;
