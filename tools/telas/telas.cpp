@@ -5,6 +5,8 @@
 #include "bank/frmbanco.h"
 #include "data/clock.h"
 #include "entries/frmadicionar.h"
+#include "reports/frmimpressao.h"
+#include "reports/frmrelatorio.h"
 #include "settings/frmconfigsoft.h"
 #include "settings/programfolder.h"
 #include "settings/settings.h"
@@ -83,6 +85,20 @@ void mainWindow(Pictures &pictures, frmPrincipal &window)
     tabs->setCurrentIndex(frmPrincipal::PayablesTab);
 }
 
+void reports(Pictures &pictures, frmPrincipal &window)
+{
+    Report report;
+    report.title = u"CONTAS A PAGAR"_s;
+    report.subtitle = u"Todas as despesas"_s;
+    report.filterText = u"Relatório gerado entre as datas de 01/11/2026 e 30/11/2026 - Período de 29 dias."_s;
+    report.tables = {window.findChild<ListView *>(u"lstpagar"_s)->tableSource()};
+    report.statistics = u"Total de cadastros no período: 120\nTotal de despesas: R$ 10,00"_s;
+    pictures.takeAndClose(frmRelatorio::open(report, &window), u"relatorio"_s);
+    frmimpressao pages(modimpressao::document(report), &window);
+    pages.show();
+    pictures.takeAndClose(&pages, u"impressao"_s);
+}
+
 void screens(Pictures &pictures, frmPrincipal &window)
 {
     for (const auto &[side, name] : {std::pair(&receivable(), u"lancamento"_s), {&payable(), u"despesa"_s}}) {
@@ -129,5 +145,6 @@ int main(int argc, char *argv[])
     window.start();
     mainWindow(pictures, window);
     screens(pictures, window);
+    reports(pictures, window);
     return pictures.failed() ? 1 : 0;
 }
