@@ -29,13 +29,21 @@ std::vector<quint32> ordered(int rows, Qt::SortOrder order, const MakeKey &makeK
     return result;
 }
 
+/// What a cell with a number sorts by; a percentage sorts by its number.
+Money sortValue(std::string_view cell)
+{
+    if (cell.ends_with('%'))
+        cell.remove_suffix(1);
+    return Money::stored(cell);
+}
+
 std::vector<quint32> sortedRows(const RowStore &rows, int column, CellKind kind, Qt::SortOrder order)
 {
     const int count = rows.rowCount();
     switch (kind) {
     case CellKind::Number:
     case CellKind::Money:
-        return ordered(count, order, [&](int row) { return Money::stored(rows.cell(row, column)); });
+        return ordered(count, order, [&](int row) { return sortValue(rows.cell(row, column)); });
     case CellKind::Date:
         return ordered(count, order, [&](int row) { return dates::read(rows.text(row, column)); });
     case CellKind::Text:
