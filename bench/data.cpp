@@ -23,7 +23,8 @@ QString root()
     return QCoreApplication::applicationDirPath() + u"/data/"_s;
 }
 
-/// The folder of that name, with a database filled by `fill` unless one is there that is younger than this program.
+/// The folder of that name, with a database filled by `fill` unless one is there that is younger than this
+/// program.
 QString made(const QString &name, const std::function<void(Connection &)> &fill)
 {
     const QString folder = root() + name;
@@ -58,7 +59,7 @@ void markRows(Connection &connection)
     transaction.commit();
 }
 
-}
+} // namespace
 
 namespace benchdata {
 
@@ -104,8 +105,9 @@ QString databaseIn(const QString &folder)
 void use(const QString &folder)
 {
     closeDatabase();
+    QDir(folder + u"/settings"_s).removeRecursively();
     settings::setFolder(folder + u"/settings"_s);
     programfolder::choose(folder);
 }
 
-}
+} // namespace benchdata

@@ -24,4 +24,4 @@ QString databaseIn(const QString &folder);
 /// From now on the program's functions work on this folder, with settings of its own.
 void use(const QString &folder);
 
-}
+} // namespace benchdata

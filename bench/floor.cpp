@@ -19,16 +19,17 @@ std::string_view text(sqlite3_stmt *row, int column)
     return {begin, std::size_t(sqlite3_column_bytes(row, column))};
 }
 
-}
+} // namespace
 
 Floor::Floor(const QString &file)
 {
     const QByteArray key = schema::password.toUtf8();
-    if (sqlite3_open_v2(QFile::encodeName(file).constData(), &m_database, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK)
+    constexpr int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
+    if (sqlite3_open_v2(QFile::encodeName(file).constData(), &m_database, flags, nullptr) != SQLITE_OK)
         std::abort();
     sqlite3_key(m_database, key.constData(), int(key.size()));
     execute("PRAGMA cipher_page_size=4096;PRAGMA kdf_iter=64000;SELECT count(*) FROM sqlite_master;"
-            "PRAGMA cache_size=-32768;PRAGMA synchronous=FULL;");
+            "PRAGMA cache_size=-16384;PRAGMA synchronous=FULL;");
 }
 
 Floor::~Floor()
@@ -68,12 +69,14 @@ qint64 Floor::readTexts(const QByteArray &sql)
     return bytes;
 }
 
-std::map<std::string, Money, std::less<>> Floor::settledSums()
+std::map<std::string, Money> Floor::settledSums()
 {
-    std::map<std::string, Money, std::less<>> sums;
-    const auto of = [&sums](std::string_view account) -> Money & {
-        const auto found = sums.find(account);
-        return found != sums.end() ? found->second : sums[std::string(account)];
+    std::map<std::string, Money> sums;
+    auto last = sums.end(); // an index gives an account's rows one after another
+    const auto of = [&](std::string_view account) -> Money & {
+        if (last == sums.end() || last->first != account)
+            last = sums.try_emplace(std::string(account)).first;
+        return last->second;
     };
     const auto amount = [](sqlite3_stmt *row) { return Money::stored(text(row, 1)).roundedToCents(); };
     each("SELECT origem, valor FROM pagar WHERE estatus = 'Concluído'",
@@ -81,11 +84,11 @@ std::map<std::string, Money, std::less<>> Floor::settledSums()
     each("SELECT origem, valor FROM receber WHERE estatus = 'Concluído'",
          [&](sqlite3_stmt *row) { of(text(row, 0)) += amount(row); });
     const QByteArray deposit = movement::deposit.toUtf8();
-    each("SELECT origem, valor, movimento, destino FROM bancario WHERE estatus = 'Concluído'", [&](sqlite3_stmt *row) {
-        const Money value = amount(row);
-        const std::string_view kind = text(row, 2);
-        of(text(row, 0)) += kind == std::string_view(deposit) ? value : -value;
-        of(text(row, 3)) += value; // " - " for what is no transfer
+    each("SELECT origem, valor, movimento FROM bancario WHERE estatus = 'Concluído'", [&](sqlite3_stmt *row) {
+        of(text(row, 0)) += text(row, 2) == std::string_view(deposit) ? amount(row) : -amount(row);
     });
+    each("SELECT destino, valor FROM bancario WHERE estatus = 'Concluído' AND movimento = 'Transferência "
+         "entre contas'",
+         [&](sqlite3_stmt *row) { of(text(row, 0)) += amount(row); });
     return sums;
 }

@@ -9,10 +9,9 @@
 #include <string>
 
 struct sqlite3;
-struct sqlite3_stmt;
 
-/// What the program is measured against: the store through its bare C interface, with the program's key and page cache,
-/// and nothing around it. A failure ends the run.
+/// What the program is measured against: the store through its bare C interface, with the program's key and
+/// page cache, and nothing around it. A failure ends the run.
 class Floor
 {
 public:
@@ -24,11 +23,9 @@ public:
     void execute(const char *sql);
     /// Steps through all rows and asks for every column as text; gives the bytes of all texts.
     qint64 readTexts(const QByteArray &sql);
-    /// What every account's balance adds up to beside its opening balance: one pass over each of the three tables, with
-    /// each amount parsed and rounded.
-    std::map<std::string, Money, std::less<>> settledSums();
-
-    sqlite3 *handle() const { return m_database; }
+    /// What every account's balance adds up to beside its opening balance: one pass over indexes that hold
+    /// all it takes, with each amount parsed and rounded.
+    std::map<std::string, Money> settledSums();
 
 private:
     template <typename Row>

@@ -1,17 +1,14 @@
 // A list filled and filtered, as the user sees it: from the question to the painted rows.
 
-#include "app/entrypane.h"
 #include "data.h"
-#include "data/clock.h"
 #include "data/dialect.h"
 #include "entries/entrylist.h"
 #include "floor.h"
 #include "measures.h"
 #include "settings/database.h"
+#include "shownpane.h"
 #include "table.h"
-#include "widgets/listview.h"
 
-#include <QApplication>
 #include <QComboBox>
 
 #include <malloc.h>
@@ -28,48 +25,24 @@ qint64 allocatedBytes()
     return qint64(info.uordblks + info.hblkhd);
 }
 
-/// The payables' tab on a screen of its own.
-class Pane : public EntryPane
+void choose(ShownPane &pane, const QString &box, const QString &choice, int rows)
 {
-public:
-    Pane() : EntryPane(payable(), payablePaneNames())
-    {
-        resize(1366, 728);
-        show();
-        reload();
-        refillFilterBoxes();
-        paint();
-    }
-
-    void paint()
-    {
-        QApplication::processEvents();
-        list().viewport()->repaint();
-    }
-    void fill()
-    {
-        reload();
-        paint();
-    }
-    void choose(const QString &box, const QString &choice, int rows)
-    {
-        findChild<QComboBox *>(box)->setCurrentText(choice);
-        paint();
-        if (list().rowCount() != rows)
-            qFatal("%d rows for \"%s\", not %d", list().rowCount(), qPrintable(choice), rows);
-    }
-};
+    pane.findChild<QComboBox *>(box)->setCurrentText(choice);
+    pane.paint();
+    if (pane.list().rowCount() != rows)
+        qFatal("%d rows for \"%s\", not %d", pane.list().rowCount(), qPrintable(choice), rows);
+}
 
 QByteArray storeSql(const QString &query)
 {
     return dialect::translate(query).sql.toUtf8();
 }
 
-void measureMemory(Table &table, Pane &pane)
+void measureMemory(Table &table, ShownPane &pane)
 {
-    pane.choose(u"cbobancop"_s, benchdata::account.toString(), benchdata::selectedRows);
+    choose(pane, u"cbobancop"_s, benchdata::account.toString(), benchdata::selectedRows);
     const qint64 before = allocatedBytes();
-    pane.choose(u"cbobancop"_s, entryfilter::allAccounts.toString(), 100'000);
+    choose(pane, u"cbobancop"_s, entryfilter::allAccounts.toString(), 100'000);
     const qint64 grown = allocatedBytes() - before;
     const qint64 text = entrylist::load(openDatabase(), payable(), pane.query(), nullptr).rows.textBytes();
     constexpr double rows = 100'000 - benchdata::selectedRows;
@@ -79,25 +52,29 @@ void measureMemory(Table &table, Pane &pane)
               QString::number(textPerRow, 'f', 0), perRow - textPerRow, 300);
 }
 
-void measureFilter(Table &table, Pane &pane, const QString &what, const QString &box, QStringView choice)
+void measureFilter(Table &table, ShownPane &pane, const QString &what, const QString &box, QStringView choice)
 {
     const QString all = pane.findChild<QComboBox *>(box)->itemText(0);
-    const Timing timing = inTurn(runs, [&] { pane.choose(box, choice.toString(), benchdata::selectedRows); },
-                                 [&] { pane.choose(box, all, 100'000); });
+    const Timing timing = inTurn(
+        runs, [&] { choose(pane, box, choice.toString(), benchdata::selectedRows); },
+        [&] { choose(pane, box, all, 100'000); });
     table.add(u"1,000 of 100,000 payables by "_s + what + u", against all of them"_s, timing, 0.1);
 }
 
-}
+} // namespace
 
 void measureLists(Table &table)
 {
     const QString folder = benchdata::large();
     benchdata::use(folder);
-    Pane pane;
+    ShownPane pane;
+    pane.refillFilterBoxes();
     Floor floor(benchdata::databaseIn(folder));
     const QByteArray sql = storeSql(pane.query());
     table.add(u"List of 100,000 payables, filled and painted"_s,
-              inTurn(runs, [&] { pane.fill(); }, [&] { floor.readTexts(sql); }), 2);
+              inTurn(
+                  runs, [&] { pane.fill(); }, [&] { floor.readTexts(sql); }),
+              2);
     measureMemory(table, pane);
     measureFilter(table, pane, u"account"_s, u"cbobancop"_s, benchdata::account);
     measureFilter(table, pane, u"contact"_s, u"cbofornecedor"_s, benchdata::contact);

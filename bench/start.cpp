@@ -62,14 +62,14 @@ Start startProcess(const QString &folder)
 void readAll(Floor &floor)
 {
     const QDate today = programclock::today();
-    const QString queries[] = {entryfilter::query(payable(), {}, today), entryfilter::query(receivable(), {}, today),
-                               movementlist::query({}, today)};
+    const QString queries[] = {entryfilter::query(payable(), {}, today),
+                               entryfilter::query(receivable(), {}, today), movementlist::query({}, today)};
     for (const QString &query : queries)
         floor.readTexts(dialect::translate(query).sql.toUtf8());
     floor.settledSums();
 }
 
-}
+} // namespace
 
 void measureStart(Table &table)
 {
@@ -102,7 +102,8 @@ int startOnly(const QString &folder)
     window.show();
     window.start();
     bool answered = false;
-    QMetaObject::invokeMethod(qApp, [&answered] { answered = true; }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        qApp, [&answered] { answered = true; }, Qt::QueuedConnection);
     while (!answered)
         QCoreApplication::processEvents();
     window.repaint();

@@ -15,19 +15,20 @@ void measureAccounts(Table &table)
     const QString folder = benchdata::large();
     benchdata::use(folder);
     Floor floor(benchdata::databaseIn(folder));
-    const Timing timing = inTurn(21, [] { accounts::balances(openDatabase(), true, nullptr); },
-                                 [&floor] { floor.settledSums(); });
+    const Timing timing = inTurn(
+        21, [] { accounts::balances(openDatabase(), true, nullptr); }, [&floor] { floor.settledSums(); });
     table.add(u"Balances of 20 accounts over 220,000 rows"_s, timing, 1.5);
 }
 
 void measureOpening(Table &table)
 {
     benchdata::use(benchdata::large());
-    const Timing timing = inTurn(21, [] { openDatabase(); },
-                                 [] {
-                                     closeDatabase();
-                                     openDatabase();
-                                 });
+    const Timing timing = inTurn(
+        21, [] { openDatabase(); },
+        [] {
+            closeDatabase();
+            openDatabase();
+        });
     table.add(u"Opening the database again, against the first time"_s, timing, 0.01);
 }
 
@@ -52,15 +53,18 @@ void measureSaving(Table &table)
                          .quantity = u"12"_s,
                          .currency = u"R$"_s};
     const QByteArray insert =
-        u"INSERT INTO pagar (estatus, origem, fornecedor, data, descricao, documento, informacoes, valor, vencimento, "
+        u"INSERT INTO pagar (estatus, origem, fornecedor, data, descricao, documento, informacoes, valor, "
+        u"vencimento, "
         "produto, qtde, moeda) VALUES ('Pendente', 'Caixa da loja', 'Distribuidora Aurora', '2026/06/30', "
-        "'Mercadorias', 'NF 001234 ', 'entrega pela manhã ', '1.234,56', '2026/07/15', '%1', '12', 'R$')"_s.arg(product)
+        "'Mercadorias', 'NF 001234 ', 'entrega pela manhã ', '1.234,56', '2026/07/15', '%1', '12', 'R$')"_s
+            .arg(product)
             .toUtf8();
-    const Timing timing = inTurn(400, [&] { entry::save(openDatabase(), payable(), form, QString()); },
-                                 [&] {
-                                     floor.execute("BEGIN IMMEDIATE");
-                                     floor.execute(insert.constData());
-                                     floor.execute("COMMIT");
-                                 });
+    const Timing timing = inTurn(
+        400, [&] { entry::save(openDatabase(), payable(), form, QString()); },
+        [&] {
+            floor.execute("BEGIN IMMEDIATE");
+            floor.execute(insert.constData());
+            floor.execute("COMMIT");
+        });
     table.add(u"Saving an entry with its stock move, against a bare insert"_s, timing, 1.5);
 }

@@ -42,8 +42,8 @@ void Table::add(const QString &task, const QString &ours, const QString &floor, 
     const bool ok = value <= bound;
     m_ok = m_ok && ok;
     const QString shown = QString::number(value, 'f', value < 0.1 ? 4 : value < 100 ? 2 : 0);
-    std::printf("| %s | %s | %s | %s | %g | %s |\n", qUtf8Printable(task), qUtf8Printable(ours), qUtf8Printable(floor),
-                qUtf8Printable(shown), bound, ok ? "ok" : "ABOVE");
+    std::printf("| %s | %s | %s | %s | %g | %s |\n", qUtf8Printable(task), qUtf8Printable(ours),
+                qUtf8Printable(floor), qUtf8Printable(shown), bound, ok ? "ok" : "ABOVE");
     std::fflush(stdout);
 }
 

@@ -15,8 +15,8 @@ struct Timing
 /// The middle of several values.
 double median(std::vector<double> values);
 double seconds(const std::function<void()> &work);
-/// Runs both once to warm up, then `times` times in turn, so that whatever else the machine does slows both alike.
-/// Gives the median of each.
+/// Runs both once to warm up, then `times` times in turn, so that whatever else the machine does slows both
+/// alike. Gives the median of each.
 Timing inTurn(int times, const std::function<void()> &ours, const std::function<void()> &floor);
 
 /// The table that the benchmarks print, in Markdown: a line for each measure as soon as it is known.

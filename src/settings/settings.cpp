@@ -101,6 +101,8 @@ QString read(const QString &appName, const QString &section, const QString &key,
 
 void write(const QString &appName, const QString &section, const QString &key, const QString &value)
 {
+    if (!value.isEmpty() && read(appName, section, key, QString()) == value)
+        return; // a write waits for the disk
     makeFolder();
     QLockFile lock(store().folder + u'/' + appName + u".lock"_s);
     lock.tryLock(
