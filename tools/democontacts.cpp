@@ -110,8 +110,7 @@ constexpr City cities[] = {
 constexpr QStringView notes[] = {
     u"Prefere receber a cobrança por e-mail.", u"Entregar somente pela manhã, até às 11h.",
     u"Cliente desde a inauguração; desconto de 5% à vista.", u"Falar com a dona Conceição, no balcão.",
-    u"Só faz pedidos acima de R$ 500,00. Confirmar o frete antes de fechar a compra "
-    u"e pedir a nota fiscal com a descrição completa dos itens."};
+    u"Só faz pedidos acima de R$ 500,00; confirmar o frete antes de fechar a compra."};
 
 /// Takes the next choice out of a number that counts combinations.
 template <std::size_t size>
@@ -146,8 +145,10 @@ QString companyName(qint64 combination)
     return u"%1 %2 %3"_s.arg(trade, name, choose(companyForms, combination));
 }
 
-constexpr qint64 persons = qint64(std::size(firstNames) * std::size(middleNames) * std::size(lastNames));
-constexpr qint64 companies = qint64(std::size(trades) * std::size(tradeNames) * std::size(companyForms));
+constexpr qint64 persons =
+    qint64(std::size(firstNames)) * qint64(std::size(middleNames)) * qint64(std::size(lastNames));
+constexpr qint64 companies =
+    qint64(std::size(trades)) * qint64(std::size(tradeNames)) * qint64(std::size(companyForms));
 
 /// `mask` with a digit for each "#".
 QString digits(Random &random, QString mask)
@@ -189,7 +190,8 @@ void bindContact(Statement &insert, const QString &name, bool person, Random &ra
 {
     const City &city = random.weighted(cities);
     const QString address = addressPart(name);
-    const QDate born = today.addDays(-random.between(person ? 20 * 365 : 365, person ? 75 * 365 : 40 * 365));
+    constexpr qint64 year = 365;
+    const qint64 days = person ? random.between(20 * year, 75 * year) : random.between(year, 40 * year);
     const std::array values{
         name,
         person ? u"f"_s : u"j"_s,
@@ -205,8 +207,8 @@ void bindContact(Statement &insert, const QString &name, bool person, Random &ra
         random.percent(80) ? telephone(random, city.areaCode, true) : QString(),
         random.percent(75) ? address + u"@correio.example"_s : QString(),
         person || random.percent(60) ? QString() : u"www."_s + QString(address).remove(u'.') + u".example"_s,
-        dates::stored(born),
-        dates::stored(today.addDays(-random.between(0, 3 * 365))),
+        dates::stored(today.addDays(-days)),
+        dates::stored(today.addDays(-random.between(0, 3 * year))),
         QString(),
         random.percent(25) ? random.pick(notes).toString() : QString()};
     for (std::size_t i = 0; i < values.size(); ++i)

@@ -16,33 +16,33 @@ QString amount(qint64 cents)
 std::span<const Centre> costCentres()
 {
     static constexpr Centre list[] = {
-        {u"Mercadorias para revenda", 38, 0, 0, true},
-        {u"Aluguel da loja", 4, 280000, 280000, false, House::Landlord},
-        {u"Energia elétrica", 4, 38000, 92000, false, House::Power},
-        {u"Água e esgoto", 4, 8900, 24000, false, House::Water},
-        {u"Telefone e internet", 4, 18990, 34990, false, House::Telephone},
-        {u"Salários e encargos", 6, 165000, 380000, false, House::Staff},
-        {u"Impostos - Simples Nacional", 4, 60000, 190000, false, House::Treasury},
-        {u"Honorários contábeis", 4, 65000, 65000, false, House::Accountant},
-        {u"Retirada do proprietário", 3, 200000, 450000, false, House::Owner},
-        {u"Tarifas bancárias", 4, 1290, 9800, false, House::Bank},
-        {u"Frete e entregas", 7, 4500, 38000, false, House::Carrier},
-        {u"Embalagens e sacolas", 5, 8000, 62000},
-        {u"Manutenção e reparos", 4, 9000, 180000},
-        {u"Material de limpeza e escritório", 4, 3500, 28000},
-        {u"Propaganda e redes sociais", 3, 10000, 90000},
-        {u"Móveis, máquinas e equipamentos", 1, 90000, 1250000},
-        {u"Despesas diversas (sem classificação)", 2, 1000, 40000}};
+        {u"Mercadorias para revenda", 0, 0, 38, true},
+        {u"Aluguel da loja", 280000, 280000, 4, false, House::Landlord},
+        {u"Energia elétrica", 38000, 92000, 4, false, House::Power},
+        {u"Água e esgoto", 8900, 24000, 4, false, House::Water},
+        {u"Telefone e internet", 18990, 34990, 4, false, House::Telephone},
+        {u"Salários e encargos", 165000, 380000, 6, false, House::Staff},
+        {u"Impostos - Simples Nacional", 60000, 190000, 4, false, House::Treasury},
+        {u"Honorários contábeis", 65000, 65000, 4, false, House::Accountant},
+        {u"Retirada do proprietário", 200000, 450000, 3, false, House::Owner},
+        {u"Tarifas bancárias", 1290, 9800, 4, false, House::Bank},
+        {u"Frete e entregas", 4500, 38000, 7, false, House::Carrier},
+        {u"Embalagens e sacolas", 8000, 62000, 5},
+        {u"Manutenção e reparos", 9000, 180000, 4},
+        {u"Material de limpeza e escritório", 3500, 28000, 4},
+        {u"Propaganda e redes sociais", 10000, 90000, 3},
+        {u"Móveis, máquinas e equipamentos", 90000, 1250000, 1},
+        {u"Despesas diversas (sem classificação)", 1000, 40000, 2}};
     return list;
 }
 
 std::span<const Centre> profitCentres()
 {
     static constexpr Centre list[] = {
-        {u"Venda de mercadorias", 62, 0, 0, true},     {u"Venda por encomenda", 12, 0, 0, true},
-        {u"Prestação de serviços", 12, 12000, 240000}, {u"Conserto e manutenção", 7, 6000, 70000},
-        {u"Entrega em domicílio", 4, 1000, 6000},      {u"Aluguel do espaço para eventos", 2, 80000, 260000},
-        {u"Rendimento de aplicações", 1, 2500, 48000}};
+        {u"Venda de mercadorias", 0, 0, 62, true},     {u"Venda por encomenda", 0, 0, 12, true},
+        {u"Prestação de serviços", 12000, 240000, 12}, {u"Conserto e manutenção", 6000, 70000, 7},
+        {u"Entrega em domicílio", 1000, 6000, 4},      {u"Aluguel do espaço para eventos", 80000, 260000, 2},
+        {u"Rendimento de aplicações", 2500, 48000, 1}};
     return list;
 }
 
@@ -129,17 +129,16 @@ std::span<const Appointment> appointments()
 
 std::span<const QStringView> remarks()
 {
-    static constexpr QStringView list[] = {u"Conferido por Júlia.",
-                                           u"Pago com desconto de 5%.",
-                                           u"Combinado por telefone: entrega até sexta-feira.",
-                                           u"Primeira parcela; as demais seguem por boleto.",
-                                           u"Atenção: cobrar a diferença do frete.",
-                                           u"Enviar o comprovante por e-mail.",
-                                           u"Troca de mercadoria com defeito - ver a nota anterior.",
-                                           u"Pedido feito no balcão, sem cadastro. O cliente volta na "
-                                           u"próxima semana para buscar o restante dos itens "
-                                           u"e acertar o valor que ficou em aberto.",
-                                           u"Reajuste anual aplicado."};
+    static constexpr QStringView list[] = {
+        u"Conferido por Júlia.",
+        u"Pago com desconto de 5%.",
+        u"Combinado por telefone: entrega até sexta-feira.",
+        u"Primeira parcela; as demais seguem por boleto.",
+        u"Atenção: cobrar a diferença do frete.",
+        u"Enviar o comprovante por e-mail.",
+        u"Troca de mercadoria com defeito - ver a nota anterior.",
+        u"Pedido feito no balcão. O cliente volta na próxima semana e acerta o que ficou em aberto.",
+        u"Reajuste anual aplicado."};
     return list;
 }
 

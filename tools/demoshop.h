@@ -18,8 +18,8 @@ QString amount(qint64 cents);
 struct Centre
 {
     QStringView name;
-    int weight;
     qint64 low, high;
+    int weight;
     bool movesGoods = false;
     std::optional<House> supplier = std::nullopt; ///< who is always paid under this centre
 };

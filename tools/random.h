@@ -13,8 +13,11 @@ class Random
 public:
     explicit Random(quint64 seed) : m_engine(seed) {}
 
-    /// A whole number from `low` to `high`, both included.
-    qint64 between(qint64 low, qint64 high) { return low + qint64(m_engine() % quint64(high - low + 1)); }
+    /// A whole number from `low` to `high`, both included; `low` when there is no other.
+    qint64 between(qint64 low, qint64 high)
+    {
+        return low < high ? low + qint64(m_engine() % quint64(high - low + 1)) : low;
+    }
     /// As between(), with small numbers more likely than large ones.
     qint64 mostlySmall(qint64 low, qint64 high) { return between(low, between(low, high)); }
     bool percent(int chance) { return between(1, 100) <= chance; }

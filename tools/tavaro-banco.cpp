@@ -100,8 +100,8 @@ void run(const QCommandLineParser &parser)
     const QStringList arguments = parser.positionalArguments();
     if (arguments.size() != 2)
         refuse(u"Informe o comando (criar ou demo) e o arquivo; veja --help."_s);
-    const QString command = arguments[0];
-    const QString path = arguments[1];
+    const QString &command = arguments[0];
+    const QString &path = arguments[1];
     if (command != u"criar" && command != u"demo")
         refuse(u"Comando desconhecido: \"%1\"; veja --help."_s.arg(command));
     if (QFileInfo::exists(path) || QFileInfo(path).isSymLink())

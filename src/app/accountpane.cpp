@@ -1,6 +1,8 @@
 #include "app/accountpane.h"
 #include "ui_accountpane.h"
 
+#include "app/listcommand.h"
+#include "app/listexport.h"
 #include "bank/frmbanco.h"
 #include "data/changes.h"
 #include "settings/database.h"
@@ -15,10 +17,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString waitTitle = u"Atualizando saldo bancario ...\r\nCarregando caixas e banco ..."_s;
-const QString waitText = u"Aguarde enquanto o software carrega os bancos e caixas cadastros e atualiza o saldo disponível "
-                         "em cada banco, este processo pode demorar dependendo do tamanho do banco de dados."_s;
+const QString waitText =
+    u"Aguarde enquanto o software carrega os bancos e caixas cadastros e atualiza o saldo disponível "
+    "em cada banco, este processo pode demorar dependendo do tamanho do banco de dados."_s;
 
-}
+} // namespace
 
 AccountPane::AccountPane(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui::AccountPane>())
 {
@@ -39,20 +42,20 @@ ListView &AccountPane::list()
 
 void AccountPane::makeCommands()
 {
-    const auto command = [this](const QString &text, const QString &icon, const QString &tip, QToolButton *button) {
-        auto *action = new QAction(QIcon::fromTheme(icon), text, this);
-        action->setObjectName(button->objectName());
-        action->setStatusTip(tip);
-        button->setDefaultAction(action);
-        m_ui->lstcaixabanco->addAction(action);
-        return action;
+    const auto command = [this](const QString &name, const listcommand::Look &look) {
+        return listcommand::add(m_ui->comandos, *m_ui->lstcaixabanco, name, look);
     };
-    addCommand = command(u"Adicionar"_s, u"list-add"_s, u"Cadastra um caixa ou banco"_s, m_ui->cmdadicionarb);
-    editCommand = command(u"Alterar"_s, u"document-edit"_s, u"Altera o saldo inicial e as informações"_s,
-                          m_ui->cmdalterarb);
-    removeCommand = command(u"Remover"_s, u"edit-delete"_s, u"Remove o caixa ou banco selecionado"_s,
-                            m_ui->cmdremoverb);
-    m_ui->lstcaixabanco->setContextMenuPolicy(Qt::ActionsContextMenu);
+    addCommand = command(u"cmdadicionarb"_s, listcommand::addLook(u"Cadastra um caixa ou banco"_s));
+    editCommand =
+        command(u"cmdalterarb"_s, listcommand::editLook(u"Altera o saldo inicial e as informações"_s));
+    removeCommand =
+        command(u"cmdremoverb"_s, listcommand::removeLook(u"Remove o caixa ou banco selecionado"_s));
+    addListExport(m_ui->comandos, *m_ui->lstcaixabanco, u"b"_s, [this] {
+        return Report{.title = u"Caixas e bancos"_s,
+                      .subtitle = u"Saldos"_s,
+                      .tables = {m_ui->lstcaixabanco->tableSource()},
+                      .statistics = m_ui->txtresucaixa->toPlainText()};
+    });
     connect(addCommand, &QAction::triggered, this, [this] { frmbanco::openNew(window()); });
     connect(editCommand, &QAction::triggered, this, &AccountPane::editSelected);
     connect(removeCommand, &QAction::triggered, this, &AccountPane::removeSelected);
@@ -97,8 +100,8 @@ void AccountPane::removeSelected()
         return;
     const QString name = m_ui->lstcaixabanco->cell(row, 0);
     if (!messages::question(this, u"Remover"_s,
-                            u"Tem certeza que deseja remover "_s + name + u" ("_s + m_ui->lstcaixabanco->cell(row, 1)
-                                + u") do banco de dados?"_s))
+                            u"Tem certeza que deseja remover "_s + name + u" ("_s +
+                                m_ui->lstcaixabanco->cell(row, 1) + u") do banco de dados?"_s))
         return;
     if (!messages::guarded(this, messages::generalPrefix, [&] { accounts::remove(openDatabase(), name); }))
         return;

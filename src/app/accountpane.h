@@ -12,7 +12,8 @@ class AccountPane;
 class ListView;
 class QAction;
 
-/// The tab of bank and cash accounts: the list with current balances, the cash summary and the commands on accounts.
+/// The tab of bank and cash accounts: the list with current balances, the cash summary and the commands on
+/// accounts.
 class AccountPane : public QWidget
 {
     Q_OBJECT

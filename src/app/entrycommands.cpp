@@ -5,6 +5,7 @@
 #include "entries/entry.h"
 #include "entries/entrylist.h"
 #include "entries/frmadicionar.h"
+#include "entries/frmmultiplos.h"
 #include "settings/database.h"
 #include "widgets/listview.h"
 #include "widgets/messages.h"
@@ -19,6 +20,8 @@ EntryCommands::EntryCommands(EntryPane &pane, EntryPane &stockPane, QObject *par
     connect(pane.addCommand, &QAction::triggered, this, &EntryCommands::add);
     connect(pane.editCommand, &QAction::triggered, this, &EntryCommands::edit);
     connect(pane.removeCommand, &QAction::triggered, this, &EntryCommands::remove);
+    connect(pane.installmentsCommand, &QAction::triggered, this,
+            [this] { frmMultiplos::openFor(m_pane.side(), m_pane.window()); });
     connect(pane.settleCommand, &QAction::triggered, this, &EntryCommands::settle);
 }
 
@@ -66,16 +69,16 @@ void EntryCommands::remove()
     for (const int row : m_pane.list().selectedRows()) {
         const auto removal = removalOf(row);
         if (!removal) {
-            messages::exclamation(&m_pane, u"Remover"_s,
-                                  u"Nada foi removido. Selecione também, na lista de contas a receber, a linha do produto "
-                                  "cujo estoque será corrigido."_s);
+            messages::exclamation(
+                &m_pane, u"Remover"_s,
+                u"Nada foi removido. Selecione também, na lista de contas a receber, a linha do produto "
+                "cujo estoque será corrigido."_s);
             return;
         }
         removals.push_back(*removal);
     }
-    const bool removed = messages::guarded(&m_pane, u"Ocorreu o seguinte erro ao tentar remover os dados: ", [&] {
-        entry::remove(openDatabase(), m_pane.side(), removals);
-    });
+    const bool removed = messages::guarded(&m_pane, u"Ocorreu o seguinte erro ao tentar remover os dados: ",
+                                           [&] { entry::remove(openDatabase(), m_pane.side(), removals); });
     if (removed)
         Q_EMIT changed();
 }
@@ -89,9 +92,10 @@ void EntryCommands::settle()
     if (!messages::question(&m_pane, u"Efetuar baixa"_s, m_pane.side().settleQuestion))
         return;
     bool found = false;
-    const bool settled = messages::guarded(&m_pane, u"Ocorreu o seguinte erro ao tentar efetuar a baixa: ", [&] {
-        found = entry::settle(openDatabase(), m_pane.side(), code, programclock::today());
-    });
+    const bool settled =
+        messages::guarded(&m_pane, u"Ocorreu o seguinte erro ao tentar efetuar a baixa: ", [&] {
+            found = entry::settle(openDatabase(), m_pane.side(), code, programclock::today());
+        });
     if (settled && !found)
         messages::information(&m_pane, u"Efetuar baixa"_s, u"Este lançamento não existe mais."_s);
     if (settled)

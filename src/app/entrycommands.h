@@ -14,8 +14,8 @@ class EntryCommands : public QObject
     Q_OBJECT
 
 public:
-    /// `stockList` is the list whose selected line names the product and quantity that a deletion corrects: for both sides
-    /// it is the receivables list.
+    /// `stockList` is the list whose selected line names the product and quantity that a deletion corrects:
+    /// for both sides it is the receivables list.
     EntryCommands(EntryPane &pane, EntryPane &stockPane, QObject *parent);
 
 Q_SIGNALS:

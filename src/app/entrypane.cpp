@@ -2,13 +2,15 @@
 #include "ui_entrypane.h"
 
 #include "app/filterbox.h"
-#include "app/waittext.h"
+#include "app/listcommand.h"
+#include "app/listexport.h"
 #include "data/clock.h"
 #include "data/period.h"
 #include "entries/entrylist.h"
 #include "settings/database.h"
 #include "widgets/frmcarregando.h"
 #include "widgets/messages.h"
+#include "widgets/waittext.h"
 
 #include <QAction>
 
@@ -16,21 +18,51 @@ using namespace Qt::StringLiterals;
 
 const EntryPaneNames &payablePaneNames()
 {
-    static const EntryPaneNames names{u"cbobaseadoP"_s,     u"cbotipop"_s,      u"cbobancop"_s,   u"cbocentrocusto"_s,
-                                      u"cbofornecedor"_s,   u"cbofiltrop"_s,    u"lstpagar"_s,    u"lbltotalp"_s,
-                                      u"cmdadicionard"_s,   u"cmdalterard"_s,   u"cmdremoverd"_s, u"popbaixapagar"_s,
-                                      u"Centro de c&usto:"_s, u"Fo&rnecedor:"_s,
-                                      u"Nenhuma conta a pagar com estes filtros"_s, listlayout::payables()};
+    static const EntryPaneNames names{.basedOn = u"cbobaseadoP"_s,
+                                      .status = u"cbotipop"_s,
+                                      .account = u"cbobancop"_s,
+                                      .centre = u"cbocentrocusto"_s,
+                                      .contact = u"cbofornecedor"_s,
+                                      .period = u"cbofiltrop"_s,
+                                      .list = u"lstpagar"_s,
+                                      .totals = u"lbltotalp"_s,
+                                      .add = u"cmdadicionard"_s,
+                                      .edit = u"cmdalterard"_s,
+                                      .remove = u"cmdremoverd"_s,
+                                      .settle = u"popbaixapagar"_s,
+                                      .installments = u"cmdmultiplosp"_s,
+                                      .exportSuffix = u"p"_s,
+                                      .reportTitle = u"Contas a pagar"_s,
+                                      .pages = modimpressao::ListKind::Payables,
+                                      .centreLabel = u"Centro de c&usto:"_s,
+                                      .contactLabel = u"Fo&rnecedor:"_s,
+                                      .emptyText = u"Nenhuma conta a pagar com estes filtros"_s,
+                                      .layout = listlayout::payables()};
     return names;
 }
 
 const EntryPaneNames &receivablePaneNames()
 {
-    static const EntryPaneNames names{u"cbobaseadoR"_s,     u"cbotipor"_s,      u"cbobancor"_s,   u"cbocentrolucro"_s,
-                                      u"cbocliente"_s,      u"cbofiltror"_s,    u"lstreceber"_s,  u"lbltotalr"_s,
-                                      u"cmdadicionarr"_s,   u"cmdalterarr"_s,   u"cmdremoverr"_s, u"popbaixareceber"_s,
-                                      u"Centro de l&ucro:"_s, u"Clie&nte:"_s,
-                                      u"Nenhuma conta a receber com estes filtros"_s, listlayout::receivables()};
+    static const EntryPaneNames names{.basedOn = u"cbobaseadoR"_s,
+                                      .status = u"cbotipor"_s,
+                                      .account = u"cbobancor"_s,
+                                      .centre = u"cbocentrolucro"_s,
+                                      .contact = u"cbocliente"_s,
+                                      .period = u"cbofiltror"_s,
+                                      .list = u"lstreceber"_s,
+                                      .totals = u"lbltotalr"_s,
+                                      .add = u"cmdadicionarr"_s,
+                                      .edit = u"cmdalterarr"_s,
+                                      .remove = u"cmdremoverr"_s,
+                                      .settle = u"popbaixareceber"_s,
+                                      .installments = u"cmdmultiplosr"_s,
+                                      .exportSuffix = u"r"_s,
+                                      .reportTitle = u"Contas a receber"_s,
+                                      .pages = modimpressao::ListKind::Receivables,
+                                      .centreLabel = u"Centro de l&ucro:"_s,
+                                      .contactLabel = u"Clie&nte:"_s,
+                                      .emptyText = u"Nenhuma conta a receber com estes filtros"_s,
+                                      .layout = listlayout::receivables()};
     return names;
 }
 
@@ -78,26 +110,29 @@ void EntryPane::nameControls()
 
 void EntryPane::makeCommands()
 {
-    const auto command = [this](const QString &name, const QString &text, const QString &icon, const QString &tip,
-                                QToolButton *button) {
-        auto *action = new QAction(QIcon::fromTheme(icon), text, this);
-        action->setObjectName(name);
-        action->setStatusTip(tip);
-        button->setDefaultAction(action);
-        button->setObjectName(name);
-        m_ui->lista->addAction(action);
-        return action;
+    const auto command = [this](const QString &name, const listcommand::Look &look) {
+        return listcommand::add(m_ui->comandos, *m_ui->lista, name, look);
     };
-    addCommand = command(m_names.add, u"Adicionar"_s, u"list-add"_s, u"Adiciona um lançamento"_s, m_ui->adicionar);
-    editCommand = command(m_names.edit, u"Alterar"_s, u"document-edit"_s, u"Altera o lançamento selecionado"_s,
-                          m_ui->alterar);
-    removeCommand = command(m_names.remove, u"Remover"_s, u"edit-delete"_s, u"Remove os lançamentos selecionados"_s,
-                            m_ui->remover);
-    settleCommand = command(m_names.settle, u"Efetuar baixa"_s, u"dialog-ok-apply"_s,
-                            u"Marca o lançamento selecionado como concluído hoje"_s, m_ui->baixa);
-    m_ui->lista->setContextMenuPolicy(Qt::ActionsContextMenu);
+    addCommand = command(m_names.add, listcommand::addLook(u"Adiciona um lançamento"_s));
+    installmentsCommand = command(m_names.installments, {u"Múltiplas parcelas"_s, u"view-calendar-month"_s,
+                                                         u"Adiciona uma série de parcelas de uma vez"_s});
+    editCommand = command(m_names.edit, listcommand::editLook(u"Altera o lançamento selecionado"_s));
+    removeCommand = command(m_names.remove, listcommand::removeLook(u"Remove os lançamentos selecionados"_s));
+    settleCommand = command(m_names.settle, {u"Efetuar baixa"_s, u"dialog-ok-apply"_s,
+                                             u"Marca o lançamento selecionado como concluído hoje"_s});
+    addListExport(
+        m_ui->comandos, *m_ui->lista, m_names.exportSuffix, [this] { return report(); }, m_names.pages);
     connect(m_ui->lista, &ListView::rowActivated, editCommand, &QAction::trigger);
     connect(m_ui->lista, &ListView::removeRequested, removeCommand, &QAction::trigger);
+}
+
+Report EntryPane::report()
+{
+    return {.title = m_names.reportTitle,
+            .subtitle = m_applied.period,
+            .filterText = entryfilter::description(m_applied),
+            .tables = {m_ui->lista->tableSource()},
+            .statistics = m_ui->total->text()};
 }
 
 EntryFilter EntryPane::filter() const
@@ -164,7 +199,8 @@ void EntryPane::refillFilterBoxes()
         Connection &connection = openDatabase();
         filterbox::refill(m_ui->contato, m_side.allContacts,
                           entrylist::distinct(connection, m_side, m_side.contactColumn));
-        filterbox::refill(m_ui->centro, m_side.allCentres, entrylist::distinct(connection, m_side, u"descricao"_s));
+        filterbox::refill(m_ui->centro, m_side.allCentres,
+                          entrylist::distinct(connection, m_side, u"descricao"_s));
         filterbox::refill(m_ui->banco, entryfilter::allAccounts.toString(),
                           entrylist::distinct(connection, m_side, u"origem"_s));
     });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "entries/entryfilter.h"
+#include "reports/modimpressao.h"
 #include "settings/listlayout.h"
 
 #include <QWidget>
@@ -19,7 +20,10 @@ struct EntryPaneNames
 {
     QString basedOn, status, account, centre, contact, period; ///< filter boxes
     QString list, totals;
-    QString add, edit, remove, settle; ///< commands
+    QString add, edit, remove, settle, installments; ///< commands
+    QString exportSuffix;                            ///< ends the names of the print and export commands
+    QString reportTitle;
+    modimpressao::ListKind pages; ///< how the list is printed
     QString centreLabel, contactLabel, emptyText;
     const ListLayoutFile &layout;
 };
@@ -27,9 +31,9 @@ struct EntryPaneNames
 const EntryPaneNames &payablePaneNames();
 const EntryPaneNames &receivablePaneNames();
 
-/// One tab of the main window: the payables or the receivables with filter boxes, commands and totals line. A changed
-/// filter box refills the list at once and is kept in the settings; when the list cannot be read, list and boxes stay as
-/// they were.
+/// One tab of the main window: the payables or the receivables with filter boxes, commands and totals line. A
+/// changed filter box refills the list at once and is kept in the settings; when the list cannot be read,
+/// list and boxes stay as they were.
 class EntryPane : public QWidget
 {
     Q_OBJECT
@@ -52,11 +56,12 @@ public:
     /// Throws Error.
     void saveLayout();
 
-    QAction *addCommand, *editCommand, *removeCommand, *settleCommand;
+    QAction *addCommand, *editCommand, *removeCommand, *settleCommand, *installmentsCommand;
 
 private:
     void nameControls();
     void makeCommands();
+    Report report();
     EntryFilter filter() const;
     void showFilter(const EntryFilter &filter);
     void filterChanged();

@@ -23,22 +23,23 @@ void startFirst(QWidget *parent, const QStringList &programs, const QString &tit
     messages::exclamation(parent, title, missing);
 }
 
-}
+} // namespace
 
 namespace externaltools {
 
 void calculator(QWidget *parent)
 {
-    startFirst(parent,
-               {u"gnome-calculator"_s, u"kcalc"_s, u"mate-calc"_s, u"qalculate-gtk"_s, u"galculator"_s, u"xcalc"_s},
-               u"Calculadora"_s, u"Nenhuma calculadora foi encontrada neste computador."_s);
+    startFirst(
+        parent,
+        {u"gnome-calculator"_s, u"kcalc"_s, u"mate-calc"_s, u"qalculate-gtk"_s, u"galculator"_s, u"xcalc"_s},
+        u"Calculadora"_s, u"Nenhuma calculadora foi encontrada neste computador."_s);
 }
 
 void textEditor(QWidget *parent)
 {
     startFirst(parent,
-               {u"gnome-text-editor"_s, u"gedit"_s, u"kate"_s, u"kwrite"_s, u"mousepad"_s, u"pluma"_s, u"xed"_s,
-                u"featherpad"_s, u"xedit"_s},
+               {u"gnome-text-editor"_s, u"gedit"_s, u"kate"_s, u"kwrite"_s, u"mousepad"_s, u"pluma"_s,
+                u"xed"_s, u"featherpad"_s, u"xedit"_s},
                u"Bloco de notas"_s, u"Nenhum editor de textos foi encontrado neste computador."_s);
 }
 
@@ -49,4 +50,4 @@ void manual(QWidget *parent)
         messages::exclamation(parent, u"Manual"_s, u"Não foi possível abrir o manual: "_s + file);
 }
 
-}
+} // namespace externaltools

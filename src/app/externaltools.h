@@ -10,4 +10,4 @@ void textEditor(QWidget *parent);
 /// The manual of the program folder, in the browser.
 void manual(QWidget *parent);
 
-}
+} // namespace externaltools

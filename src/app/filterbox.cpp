@@ -32,4 +32,4 @@ void refill(QComboBox *box, const QString &all, const QStringList &values)
         show(box, all);
 }
 
-}
+} // namespace filterbox

@@ -14,4 +14,4 @@ void refill(QComboBox *box, const QString &all, const QStringList &values);
 /// Shows `text` without telling anybody.
 void show(QComboBox *box, const QString &text);
 
-}
+} // namespace filterbox

@@ -7,6 +7,7 @@
 #include "app/externaltools.h"
 #include "app/liststyle.h"
 #include "app/movementpane.h"
+#include "app/screencommands.h"
 #include "bank/frmbanco.h"
 #include "data/clock.h"
 #include "data/dates.h"
@@ -59,12 +60,20 @@ void frmPrincipal::makeTabs()
         auto *commands = new EntryCommands(*pane, *m_receivables, this);
         connect(commands, &EntryCommands::changed, this, [this, pane] { entriesChangedHere(*pane); });
     }
+    connect(m_movements, &MovementPane::changed, this, [this] {
+        m_movements->reload();
+        m_accounts->refresh();
+        const QScopedValueRollback own(m_ownChange, true);
+        Changes::announce(Subject::Movements);
+    });
 }
 
 void frmPrincipal::connectCommands()
 {
     connect(m_ui->mnucaddespesas, &QAction::triggered, m_payables->addCommand, &QAction::trigger);
     connect(m_ui->mnucadrececeber, &QAction::triggered, m_receivables->addCommand, &QAction::trigger);
+    connect(m_ui->mnucadbancario, &QAction::triggered, m_movements->addCommand, &QAction::trigger);
+    connectScreenCommands(*this);
     connect(m_ui->mnucadbancos, &QAction::triggered, m_accounts->addCommand, &QAction::trigger);
     connect(m_ui->mnuviscaixabanco, &QAction::triggered, this, [this] {
         const QSignalBlocker blocker(m_ui->tabprincipal);
@@ -86,14 +95,15 @@ void frmPrincipal::connectCommands()
     connect(m_ui->mnumanual, &QAction::triggered, this, [this] { externaltools::manual(this); });
     connect(m_ui->mnusobre, &QAction::triggered, this, [this] {
         messages::information(this, u"Sobre o Tavaro"_s,
-                              u"Tavaro "_s + QCoreApplication::applicationVersion()
-                                  + u"\nControle financeiro e de estoque para pequenas empresas.\n\n"
-                                    "Software livre sob a licença GPL, versão 3 ou posterior."_s);
+                              u"Tavaro "_s + QCoreApplication::applicationVersion() +
+                                  u"\nControle financeiro e de estoque para pequenas empresas.\n\n"
+                                  "Software livre sob a licença GPL, versão 3 ou posterior."_s);
     });
     connect(m_ui->mnusair, &QAction::triggered, this, &QWidget::close);
-    const std::pair<QAction *, QString> keys[] = {{m_ui->mnumanual, u"manual"_s},
-                                                  {m_ui->mnusobre, u"sobre"_s},
-                                                  {m_ui->mnusair, u"sair"_s}};
+    const std::pair<QAction *, QString> keys[] = {
+        {m_ui->mnuclientes, u"clientes"_s}, {m_ui->mnufornecedores, u"fornecedores"_s},
+        {m_ui->mnuestoque, u"estoque"_s},   {m_ui->mnumanual, u"manual"_s},
+        {m_ui->mnusobre, u"sobre"_s},       {m_ui->mnusair, u"sair"_s}};
     for (const auto &[action, key] : keys)
         m_ui->tbrbarra->widgetForAction(action)->setObjectName(key);
 }
@@ -111,7 +121,7 @@ void frmPrincipal::connectSwitch(QAction *action, const settings::Key &key)
 
 void frmPrincipal::start()
 {
-    background::apply(this);
+    background::apply(m_accounts->list().viewport()); // the one place of the window that lists leave empty
     m_payables->restoreFilters();
     m_receivables->restoreFilters();
     m_movements->restoreFilters();

@@ -16,8 +16,8 @@ class ListView;
 class MovementPane;
 class QLabel;
 
-/// The main window: four tabs over the data, menus and toolbar. Reloads what other screens announce as changed, when the
-/// setting ExibirPrincipal says so.
+/// The main window: four tabs over the data, menus and toolbar. Reloads what other screens announce as
+/// changed, when the setting ExibirPrincipal says so.
 class frmPrincipal : public QMainWindow
 {
     Q_OBJECT

@@ -15,8 +15,8 @@ void icons::choose()
     const QString breeze = dark ? u"breeze-dark"_s : u"breeze"_s;
     // Platforms without a desktop know no place for icons.
     QStringList places = QIcon::themeSearchPaths();
-    for (const QString &place :
-         QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, u"icons"_s, QStandardPaths::LocateDirectory))
+    for (const QString &place : QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, u"icons"_s,
+                                                          QStandardPaths::LocateDirectory))
         if (!places.contains(place))
             places << place;
     QIcon::setThemeSearchPaths(places);

@@ -16,7 +16,7 @@ QColor chosenColour(const settings::Key &key)
     return rgb ? QColor::fromRgb(*rgb) : QColor();
 }
 
-}
+} // namespace
 
 void applyListStyle(ListView &list)
 {

@@ -29,7 +29,8 @@ int main(int argc, char *argv[])
     parser.addOption(folder);
     parser.process(app);
 
-    if (!messages::guarded(nullptr, messages::generalPrefix, [&] { programfolder::choose(parser.value(folder)); }))
+    if (!messages::guarded(nullptr, messages::generalPrefix,
+                           [&] { programfolder::choose(parser.value(folder)); }))
         return 1;
     icons::choose();
     frmPrincipal window;

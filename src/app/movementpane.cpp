@@ -2,14 +2,18 @@
 #include "ui_movementpane.h"
 
 #include "app/filterbox.h"
-#include "app/waittext.h"
+#include "app/listcommand.h"
+#include "app/listexport.h"
+#include "bank/frmmovimentobanc.h"
 #include "data/clock.h"
 #include "data/period.h"
 #include "settings/database.h"
 #include "settings/listlayout.h"
 #include "widgets/frmcarregando.h"
 #include "widgets/messages.h"
+#include "widgets/waittext.h"
 
+#include <QAction>
 #include <QSignalBlocker>
 
 using namespace Qt::StringLiterals;
@@ -17,6 +21,7 @@ using namespace Qt::StringLiterals;
 MovementPane::MovementPane(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui::MovementPane>())
 {
     m_ui->setupUi(this);
+    makeCommands();
     m_ui->lstmovimento->setColumns(movementlist::columns());
     m_ui->lstmovimento->setEmptyText(u"Nenhum movimento bancário com estes filtros"_s);
     m_ui->lbltotalm->setText(MovementTotals().text());
@@ -34,6 +39,62 @@ MovementPane::~MovementPane() = default;
 ListView &MovementPane::list()
 {
     return *m_ui->lstmovimento;
+}
+
+void MovementPane::makeCommands()
+{
+    const auto command = [this](const QString &name, const listcommand::Look &look) {
+        return listcommand::add(m_ui->comandos, *m_ui->lstmovimento, name, look);
+    };
+    addCommand = command(u"cmdadicionarm"_s, listcommand::addLook(u"Adiciona um movimento bancário"_s));
+    editCommand = command(u"cmdalterarm"_s, listcommand::editLook(u"Altera o movimento selecionado"_s));
+    removeCommand =
+        command(u"cmdremoverm"_s, listcommand::removeLook(u"Remove os movimentos selecionados"_s));
+    addListExport(
+        m_ui->comandos, *m_ui->lstmovimento, u"m"_s,
+        [this] {
+            return Report{.title = u"Movimento bancário"_s,
+                          .subtitle = m_applied.period,
+                          .filterText = m_applied.kind,
+                          .tables = {m_ui->lstmovimento->tableSource()},
+                          .statistics = m_ui->lbltotalm->text()};
+        },
+        modimpressao::ListKind::Movements);
+    connect(addCommand, &QAction::triggered, this, [this] { frmmovimentobanc::openNew(window()); });
+    connect(editCommand, &QAction::triggered, this, &MovementPane::editSelected);
+    connect(removeCommand, &QAction::triggered, this, &MovementPane::removeSelected);
+    connect(m_ui->lstmovimento, &ListView::rowActivated, editCommand, &QAction::trigger);
+    connect(m_ui->lstmovimento, &ListView::removeRequested, removeCommand, &QAction::trigger);
+}
+
+int MovementPane::selectedOrTell()
+{
+    const int row = m_ui->lstmovimento->selectedRow();
+    if (row < 0 && m_ui->lstmovimento->rowCount() > 0)
+        messages::information(this, u"Movimento bancário"_s, u"Selecione um movimento na lista."_s);
+    return row;
+}
+
+void MovementPane::editSelected()
+{
+    const int row = selectedOrTell();
+    if (row >= 0)
+        frmmovimentobanc::openEdit(m_ui->lstmovimento->cell(row, 0).toLongLong(), window());
+}
+
+void MovementPane::removeSelected()
+{
+    if (selectedOrTell() < 0)
+        return;
+    if (!messages::question(this, u"Remover"_s,
+                            u"Tem certeza que deseja remover o item selecionado do banco de dados?"_s))
+        return;
+    std::vector<qint64> codes;
+    for (const int row : m_ui->lstmovimento->selectedRows())
+        codes.push_back(m_ui->lstmovimento->cell(row, 0).toLongLong());
+    if (messages::guarded(this, u"Ocorreu o seguinte erro ao tentar remover os dados: ",
+                          [&] { movement::remove(openDatabase(), codes); }))
+        Q_EMIT changed();
 }
 
 MovementFilter MovementPane::filter() const
@@ -81,7 +142,7 @@ bool MovementPane::reload()
 {
     return messages::guarded(this, messages::generalPrefix, [this] {
         const QString query = movementlist::query(filter(), programclock::today());
-        WaitProgress progress(window(), u"Carregando movimento bancário"_s, listWaitText());
+        WaitProgress progress(window(), movementlist::loadingTitle.toString(), listWaitText());
         MovementList movements = movementlist::load(openDatabase(), query, &progress);
         m_ui->lstmovimento->setRows(std::move(movements.rows));
         m_ui->lbltotalm->setText(movements.totals.text());

@@ -10,8 +10,10 @@ namespace Ui {
 class MovementPane;
 }
 class ListView;
+class QAction;
 
-/// The tab of bank movements: list, filter boxes, order and totals line. Boxes and list behave as in EntryPane.
+/// The tab of bank movements: list, filter boxes, order, commands and totals line. Boxes and list behave as
+/// in EntryPane.
 class MovementPane : public QWidget
 {
     Q_OBJECT
@@ -28,7 +30,17 @@ public:
     /// Throws Error.
     void saveLayout();
 
+    QAction *addCommand, *editCommand, *removeCommand;
+
+Q_SIGNALS:
+    /// Movements of this pane were deleted.
+    void changed();
+
 private:
+    void makeCommands();
+    int selectedOrTell();
+    void editSelected();
+    void removeSelected();
     MovementFilter filter() const;
     void showFilter(const MovementFilter &filter);
     void filterChanged();

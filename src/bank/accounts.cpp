@@ -1,6 +1,7 @@
 #include "bank/accounts.h"
 
-#include "bank/movementlist.h"
+#include "bank/movement.h"
+#include "data/formtext.h"
 #include "data/recordset.h"
 #include "data/status.h"
 
@@ -15,11 +16,12 @@ QString byName(const QString &name)
     return u"SELECT * FROM banco where(banco like '"_s + name + u"')"_s;
 }
 
-/// The sum of `valor` over the settled rows of a table that meet the condition, each amount rounded to cents first.
+/// The sum of `valor` over the settled rows of a table that meet the condition, each amount rounded to cents
+/// first.
 Money settledSum(Connection &connection, const QString &table, const QString &condition)
 {
-    Statement rows = connection.prepare(u"Select valor from "_s + table + u" WHERE estatus like ('"_s
-                                            + status::settled.toString() + u"') AND "_s + condition,
+    Statement rows = connection.prepare(u"Select valor from "_s + table + u" WHERE estatus like ('"_s +
+                                            status::settled.toString() + u"') AND "_s + condition,
                                         dialect::RowOrder::Any);
     Money sum;
     while (rows.step())
@@ -27,40 +29,36 @@ Money settledSum(Connection &connection, const QString &table, const QString &co
     return sum;
 }
 
-/// What the settled movements add to the account.
+/// What the settled movements add to the account. Kinds are told apart by their exact words, in which letter
+/// case counts.
 Money movementSum(Connection &connection, const QString &origin, const QString &destination)
 {
-    const auto ofKind = [](QStringView kind) { return u" and movimento like ('"_s + kind.toString() + u"')"_s; };
+    const QString settled = u"Select movimento, valor from bancario WHERE estatus like ('"_s +
+                            status::settled.toString() + u"') AND "_s;
     Money sum;
-    Statement rows = connection.prepare(u"Select movimento, valor from bancario WHERE estatus like ('"_s
-                                            + status::settled.toString() + u"') AND "_s + origin,
-                                        dialect::RowOrder::Any);
-    while (rows.step()) {
-        const QString kind = rows.text(0);
+    Statement leaving = connection.prepare(settled + origin, dialect::RowOrder::Any);
+    while (leaving.step()) {
+        const QString kind = leaving.text(0);
         if (kind == movement::deposit)
-            sum += Money::stored(rows.utf8(1)).roundedToCents();
-        else if (kind == movement::withdrawal)
-            sum -= Money::stored(rows.utf8(1)).roundedToCents();
+            sum += Money::stored(leaving.utf8(1)).roundedToCents();
+        else if (kind == movement::withdrawal || kind == movement::transfer)
+            sum -= Money::stored(leaving.utf8(1)).roundedToCents();
     }
-    sum -= settledSum(connection, u"bancario"_s, origin + ofKind(movement::transfer));
-    sum += settledSum(connection, u"bancario"_s, destination + ofKind(movement::transfer));
+    Statement arriving = connection.prepare(settled + destination + u" and movimento like ('"_s +
+                                                movement::transfer.toString() + u"')"_s,
+                                            dialect::RowOrder::Any);
+    while (arriving.step())
+        if (arriving.text(0) == movement::transfer)
+            sum += Money::stored(arriving.utf8(1)).roundedToCents();
     return sum;
-}
-
-QString freeText(const QString &text)
-{
-    return text.trimmed() + u' ';
 }
 
 QString openingText(const AccountForm &form)
 {
-    const std::optional<Money> opening = Money::parse(form.opening);
-    if (!opening)
-        throw Error(Error::Kind::Data, u"o texto \"%1\" não é um valor válido."_s.arg(form.opening));
-    return opening->grouped();
+    return formtext::amount(u"Valor"_s, form.opening).grouped();
 }
 
-}
+} // namespace
 
 namespace accounts {
 
@@ -79,7 +77,8 @@ std::vector<AccountBalance> balances(Connection &connection, bool recompute, Pro
         progress->begin([&accounts] { return accounts.count(); });
     while (accounts.next()) {
         const Money opening = Money::stored(accounts.utf8(accounts.column(u"saldo")));
-        AccountBalance account{accounts.text(u"banco"), accounts.text(u"informacoes"), opening.roundedToCents(), {}};
+        AccountBalance account{
+            accounts.text(u"banco"), accounts.text(u"informacoes"), opening.roundedToCents(), {}};
         Money current = opening;
         if (recompute) {
             const QString origin = u"origem like ('"_s + account.name + u"')"_s;
@@ -125,10 +124,10 @@ QString summary(const std::vector<AccountBalance> &balances)
         current += account.current;
         opening += account.opening;
         moved += movement;
-        text += u"Caixa/Banco: "_s + account.name + u"("_s + account.notes + u")"_s + newLine
-            + u"O saldo neste banco inicio com R$ "_s + account.opening.plain() + newLine + u"O saldo atual é "_s
-            + account.current.inReais() + newLine + u"Movimentação de "_s + movement.inReais() + newLine + u"."_s
-            + newLine;
+        text += u"Caixa/Banco: "_s + account.name + u"("_s + account.notes + u")"_s + newLine +
+                u"O saldo neste banco inicio com R$ "_s + account.opening.plain() + newLine +
+                u"O saldo atual é "_s + account.current.inReais() + newLine + u"Movimentação de "_s +
+                movement.inReais() + newLine + u"."_s + newLine;
     }
     text += u" > REFERÊNCIAS RÁPIDAS"_s + newLine + u"."_s + newLine;
     const std::pair<QString, Money> blocks[] = {{u"Valor total em caixa/banco"_s, current},
@@ -145,7 +144,8 @@ std::optional<QString> problem(const AccountForm &form)
         return u"O campo valor deve ser preenchido!"_s;
     if (form.name.trimmed().isEmpty())
         return u"O campo nome deve ser preenchido!"_s;
-    if (form.name.contains(u'\'')) // the queries quote the name with it: no balance could be computed any more
+    if (form.name.contains(
+            u'\'')) // the queries quote the name with it: no balance could be computed any more
         return u"O campo nome não pode ter apóstrofo (')!"_s;
     return std::nullopt;
 }
@@ -156,7 +156,7 @@ void add(Connection &connection, const AccountForm &form)
     Recordset row(connection, u"banco"_s);
     row.addNew();
     row.set(u"banco", form.name);
-    row.set(u"informacoes", freeText(form.notes));
+    row.set(u"informacoes", formtext::freeText(form.notes));
     row.set(u"saldo", openingText(form));
     row.update();
     transaction.commit();
@@ -168,7 +168,7 @@ void change(Connection &connection, const QString &name, const AccountForm &form
     Recordset row(connection, byName(name));
     if (!row.next())
         throw Error(Error::Kind::Data, u"o caixa/banco \"%1\" não existe mais."_s.arg(name));
-    row.set(u"informacoes", freeText(form.notes));
+    row.set(u"informacoes", formtext::freeText(form.notes));
     row.set(u"saldo", openingText(form));
     row.update();
     transaction.commit();
@@ -186,7 +186,8 @@ std::optional<AccountForm> load(Connection &connection, const QString &name)
     Recordset row(connection, byName(name));
     if (!row.next())
         return std::nullopt;
-    return AccountForm{row.text(u"banco"), Money::stored(row.text(u"saldo")).grouped(), row.text(u"informacoes")};
+    return AccountForm{row.text(u"banco"), Money::stored(row.text(u"saldo")).grouped(),
+                       row.text(u"informacoes")};
 }
 
-}
+} // namespace accounts

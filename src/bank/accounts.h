@@ -37,8 +37,9 @@ namespace accounts {
 
 /// A number other than zero recomputes; exactly "0" shows opening balances; any other zero keeps the list.
 BalanceMode balanceMode(const QString &setting);
-/// Every account in table order. With `recompute` the current balance counts every settled payable, receivable and
-/// movement that names the account. `progress` (may be null) advances by one an account. Throws Error.
+/// Every account in table order. With `recompute` the current balance counts every settled payable,
+/// receivable and movement that names the account. `progress` (may be null) advances by one an account.
+/// Throws Error.
 std::vector<AccountBalance> balances(Connection &connection, bool recompute, Progress *progress);
 
 std::vector<Column> columns();
@@ -55,4 +56,4 @@ void change(Connection &connection, const QString &name, const AccountForm &form
 void remove(Connection &connection, const QString &name);
 std::optional<AccountForm> load(Connection &connection, const QString &name);
 
-}
+} // namespace accounts

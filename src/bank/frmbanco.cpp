@@ -10,12 +10,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-const QString savePrefix = u"Ocorreu o seguinte erro ao tentar cadastrar os dados: "_s;
-
-}
-
 frmbanco::frmbanco(QWidget *parent) : QDialog(parent), m_ui(std::make_unique<Ui::frmbanco>())
 {
     m_ui->setupUi(this);
@@ -38,7 +32,8 @@ frmbanco *frmbanco::openNew(QWidget *parent)
 frmbanco *frmbanco::openEdit(const QString &name, QWidget *parent)
 {
     std::optional<AccountForm> account;
-    if (!messages::guarded(parent, messages::generalPrefix, [&] { account = accounts::load(openDatabase(), name); }))
+    if (!messages::guarded(parent, messages::generalPrefix,
+                           [&] { account = accounts::load(openDatabase(), name); }))
         return nullptr;
     if (!account) {
         messages::information(parent, u"Caixa/Banco"_s, u"Este caixa/banco não existe mais."_s);
@@ -67,7 +62,7 @@ void frmbanco::save()
         m_ui->cmdinserir->setEnabled(true);
         return;
     }
-    const bool saved = messages::guarded(this, savePrefix, [&] {
+    const bool saved = messages::guarded(this, messages::savePrefix, [&] {
         Connection &connection = openDatabase();
         if (m_editedName.isEmpty())
             accounts::add(connection, form);

@@ -8,8 +8,8 @@ namespace Ui {
 class frmbanco;
 }
 
-/// The account screen: creates a bank or cash account, or, as `frmeditarbanco`, changes the opening balance and the notes
-/// of one. Announces Subject::Accounts after saving.
+/// The account screen: creates a bank or cash account, or, as `frmeditarbanco`, changes the opening balance
+/// and the notes of one. Announces Subject::Accounts after saving.
 class frmbanco : public QDialog
 {
     Q_OBJECT

@@ -1,8 +1,10 @@
 #include "bank/movementlist.h"
 
+#include "bank/movement.h"
 #include "data/dates.h"
 #include "data/period.h"
 #include "data/recordset.h"
+#include "data/status.h"
 
 using namespace Qt::StringLiterals;
 
@@ -53,13 +55,14 @@ QString baseQuery(period::Choice choice, const QString &kind, QDate today)
     case period::Choice::ThisYear:
         return u"SELECT * FROM bancario where(data like '%"_s + year + u"/%') "_s + and_;
     case period::Choice::ThisMonth:
-        return u"SELECT * FROM bancario where(Data like '%/"_s + today.toString(u"MM"_s) + u"/%' AND data like '%"_s
-            + year + u"/%') "_s + and_;
+        return u"SELECT * FROM bancario where(Data like '%/"_s + today.toString(u"MM"_s) +
+               u"/%' AND data like '%"_s + year + u"/%') "_s + and_;
     case period::Choice::Today:
         return u"SELECT * FROM bancario where(Data like '"_s + dates::stored(today) + u"') "_s + and_;
     default: {
         const auto [first, last] = period::range(choice, today);
-        return u"SELECT * FROM bancario WHERE data BETWEEN '"_s + first + u"' AND '"_s + last + u"' "_s + and_;
+        return u"SELECT * FROM bancario WHERE data BETWEEN '"_s + first + u"' AND '"_s + last + u"' "_s +
+               and_;
     }
     }
 }
@@ -75,12 +78,12 @@ QString sumText(const MovementTotals::Kind &kind)
     return kind.sum.inReais() + u" ("_s + QString::number(kind.count) + u" cad.)"_s;
 }
 
-}
+} // namespace
 
 QString MovementTotals::text() const
 {
-    return u"Depósitos: "_s + sumText(deposits) + u" - Retiradas: "_s + sumText(withdrawals)
-        + u" - Transferência: "_s + sumText(transfers);
+    return u"Depósitos: "_s + sumText(deposits) + u" - Retiradas: "_s + sumText(withdrawals) +
+           u" - Transferência: "_s + sumText(transfers);
 }
 
 namespace movementlist {
@@ -101,16 +104,21 @@ QStringList sortChoices()
 QString query(const MovementFilter &filter, QDate today)
 {
     const QString base = baseQuery(period::fromText(filter.period), kindCondition(filter.kind), today);
-    return base.trimmed() + u" order by "_s + sortColumn(filter.sortBy) + (filter.ascending ? u" ASC"_s : u" DESC"_s);
+    return base.trimmed() + u" order by "_s + sortColumn(filter.sortBy) +
+           (filter.ascending ? u" ASC"_s : u" DESC"_s);
 }
 
 std::vector<Column> columns()
 {
     return {
-        {u"id"_s, u"Código"_s, CellKind::Number, 0}, {u"data"_s, u"Data"_s, CellKind::Date},
-        {u"tipo"_s, u"Tipo de movimento"_s},         {u"origem"_s, u"Conta origem"_s},
-        {u"destino"_s, u"Conta destino"_s},          {u"valor"_s, u"Valor"_s, CellKind::Money},
-        {u"estatus"_s, u"Estatus"_s},                {u"info"_s, u"Informações"_s},
+        {u"id"_s, u"Código"_s, CellKind::Number, 0},
+        {u"data"_s, u"Data"_s, CellKind::Date},
+        {u"tipo"_s, u"Tipo de movimento"_s},
+        {u"origem"_s, u"Conta origem"_s},
+        {u"destino"_s, u"Conta destino"_s},
+        {u"valor"_s, u"Valor"_s, CellKind::Money},
+        {u"estatus"_s, u"Estatus"_s},
+        {u"info"_s, u"Informações"_s},
     };
 }
 
@@ -123,6 +131,7 @@ MovementList load(Connection &connection, const QString &query, Progress *progre
     std::string date, amount;
     const std::string deposit = movement::deposit.toUtf8().toStdString();
     const std::string withdrawal = movement::withdrawal.toUtf8().toStdString();
+    const std::string pending = status::pending.toUtf8().toStdString();
     while (rows.next()) {
         const Money value = Money::stored(rows.utf8(rows.column(u"valor")));
         const std::string_view kind = rows.utf8(rows.column(u"movimento"));
@@ -133,14 +142,15 @@ MovementList load(Connection &connection, const QString &query, Progress *progre
         list.rows.append({rows.utf8(rows.column(u"código")), date, kind, rows.utf8(rows.column(u"origem")),
                           rows.utf8(rows.column(u"destino")), amount, rows.utf8(rows.column(u"estatus")),
                           rows.utf8(rows.column(u"informacoes"))});
-        add(kind == deposit          ? list.totals.deposits
-                : kind == withdrawal ? list.totals.withdrawals
-                                     : list.totals.transfers,
+        add(kind == deposit      ? list.totals.deposits
+            : kind == withdrawal ? list.totals.withdrawals
+                                 : list.totals.transfers,
             value);
+        (rows.utf8(rows.column(u"estatus")) == pending ? list.totals.pending : list.totals.settled) += value;
         if (progress)
             progress->advance(list.rows.rowCount());
     }
     return list;
 }
 
-}
+} // namespace movementlist

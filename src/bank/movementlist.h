@@ -9,15 +9,6 @@
 
 class Connection;
 
-/// The words of the column `movimento`.
-namespace movement {
-
-inline constexpr QStringView deposit = u"Depósito";
-inline constexpr QStringView withdrawal = u"Retirada";
-inline constexpr QStringView transfer = u"Transferência entre contas";
-
-}
-
 /// The choices of the movement list's filter boxes, as their texts; letter case is ignored.
 struct MovementFilter
 {
@@ -35,6 +26,7 @@ struct MovementTotals
         qint64 count = 0;
     };
     Kind deposits, withdrawals, transfers;
+    Money pending, settled; ///< all kinds together, by status
 
     QString text() const;
 };
@@ -47,6 +39,8 @@ struct MovementList
 
 namespace movementlist {
 
+inline constexpr QStringView loadingTitle = u"Carregando movimento bancário";
+
 QStringList kindChoices();
 QStringList sortChoices();
 /// The list's query, in the program's SQL dialect.
@@ -55,4 +49,4 @@ std::vector<Column> columns();
 /// Reads all rows of `query`, a `SELECT *` on the movements. `progress` may be null. Throws Error.
 MovementList load(Connection &connection, const QString &query, Progress *progress);
 
-}
+} // namespace movementlist

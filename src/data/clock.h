@@ -13,4 +13,4 @@ QDate today();
 /// Stops the clock at `moment`; nothing lets it run again.
 void set(std::optional<QDateTime> moment);
 
-}
+} // namespace programclock

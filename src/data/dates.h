@@ -14,8 +14,8 @@ namespace dates {
 QString stored(QDate date);
 /// "10/12/2026"; empty for no date.
 QString shown(QDate date);
-/// Reads "yyyy/mm/dd" and "dd/mm/yyyy" (one or two digits for day and month, "-" or "." also separate); anything
-/// else, blank included, is no date.
+/// Reads "yyyy/mm/dd" and "dd/mm/yyyy" (one or two digits for day and month, "-" or "." also separate);
+/// anything else, blank included, is no date.
 QDate read(QStringView text);
 /// Stored text as the user sees it; text that is no date is shown as it stands.
 QString shownFromStored(QStringView text);
@@ -29,4 +29,4 @@ QString longTime(QTime time);
 /// 30-day month is the 1st of the next month.
 QDate rolledOver(int year, int month, int day);
 
-}
+} // namespace dates

@@ -8,8 +8,9 @@
 #include <string>
 #include <string_view>
 
-/// An exact decimal with four places, kept as a 64-bit count of ten-thousandths. It holds amounts of money and
-/// quantities alike. Range: about ±922 trillion; arithmetic that leaves the range throws Error::Kind::Data.
+/// An exact decimal with four places, kept as a 64-bit count of ten-thousandths. It holds amounts of money
+/// and quantities alike. Range: about ±922 trillion; arithmetic that leaves the range throws
+/// Error::Kind::Data.
 class Money
 {
 public:

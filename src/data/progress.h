@@ -4,8 +4,8 @@
 
 #include <functional>
 
-/// Who is told how far a long read or write has come. The work calls it for every row; an implementation decides
-/// whether and how often anything is shown.
+/// Who is told how far a long read or write has come. The work calls it for every row; an implementation
+/// decides whether and how often anything is shown.
 class Progress
 {
 public:

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QStringView>
+#include <QStringList>
 
 /// The words of the column `estatus`.
 namespace status {
@@ -8,4 +8,10 @@ namespace status {
 inline constexpr QStringView pending = u"Pendente";
 inline constexpr QStringView settled = u"Concluído";
 
+/// The words as a status box offers them.
+inline QStringList words()
+{
+    return {pending.toString(), settled.toString()};
 }
+
+} // namespace status

@@ -4,6 +4,9 @@
 
 #include <QString>
 
+#include <string>
+#include <string_view>
+
 /// A list as reports read it: headings, and cells on demand, so that a long list is never copied.
 class TableSource
 {
@@ -14,4 +17,10 @@ public:
     virtual QString heading(int column) const = 0;
     virtual CellKind kind(int column) const = 0;
     virtual QString cell(int row, int column) const = 0;
+    /// cell() as UTF-8, for writing long lists; may use `buffer`, and stands until it is used again.
+    virtual std::string_view utf8(int row, int column, std::string &buffer) const
+    {
+        buffer = cell(row, column).toStdString();
+        return buffer;
+    }
 };

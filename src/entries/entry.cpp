@@ -1,50 +1,19 @@
 #include "entries/entry.h"
 
 #include "data/dates.h"
+#include "data/formtext.h"
 #include "data/recordset.h"
 #include "data/status.h"
 #include "stock/stock.h"
 
 using namespace Qt::StringLiterals;
+using namespace formtext;
 
 namespace {
 
 QString byCode(const Side &side, const QString &code)
 {
     return u"SELECT * FROM "_s + side.table + u" where(código like '"_s + code + u"')"_s;
-}
-
-Error badValue(const QString &field, const QString &text)
-{
-    return Error(Error::Kind::Data, u"o texto \"%1\" do campo %2 não é um valor válido."_s.arg(text, field));
-}
-
-Money amount(const QString &field, const QString &text)
-{
-    const std::optional<Money> value = Money::parse(text);
-    if (!value)
-        throw badValue(field, text);
-    return *value;
-}
-
-/// An empty field counts as zero.
-Money amountOrZero(const QString &field, const QString &text)
-{
-    return text.trimmed().isEmpty() ? Money() : amount(field, text);
-}
-
-QString storedDate(const QString &field, const QString &text)
-{
-    const QDate date = dates::read(text);
-    if (!date.isValid())
-        throw Error(Error::Kind::Data, u"a data \"%1\" do campo %2 não existe."_s.arg(text, field));
-    return dates::stored(date);
-}
-
-/// Free text never ends up as an empty column: the trimmed text and one blank.
-QString freeText(const QString &text)
-{
-    return text.trimmed() + u' ';
 }
 
 stock::Direction direction(bool in)
@@ -57,26 +26,26 @@ void writeColumns(Recordset &row, const Side &side, const EntryForm &form)
     row.set(u"estatus", form.status);
     row.set(u"origem", form.account);
     row.set(side.contactColumn, form.contact);
-    row.set(u"data", storedDate(u"Data"_s, form.date));
+    row.set(u"data", formtext::storedDate(u"Data"_s, form.date));
     row.set(u"descricao", form.description);
-    row.set(u"documento", freeText(form.document));
-    row.set(u"informacoes", freeText(form.notes));
-    row.set(u"valor", amount(u"Valor"_s, form.value).grouped());
-    row.set(u"vencimento", storedDate(u"Vencimento"_s, form.due));
+    row.set(u"documento", formtext::freeText(form.document));
+    row.set(u"informacoes", formtext::freeText(form.notes));
+    row.set(u"valor", formtext::amount(u"Valor"_s, form.value).grouped());
+    row.set(u"vencimento", formtext::storedDate(u"Vencimento"_s, form.due));
     if (side.hasUnitCost)
-        row.set(u"custo", amountOrZero(u"Custo"_s, form.unitCost).grouped());
+        row.set(u"custo", formtext::amountOrZero(u"Custo"_s, form.unitCost).grouped());
     row.set(u"produto", form.product);
     row.set(u"qtde", form.quantity);
     row.set(u"moeda", form.currency);
 }
 
-}
+} // namespace
 
 namespace entry {
 
 QStringList statusWords()
 {
-    return {status::pending.toString(), status::settled.toString()};
+    return status::words();
 }
 
 QStringList currencies()
@@ -113,7 +82,8 @@ QStringList accountNames(Connection &connection)
 
 QStringList productNames(Connection &connection)
 {
-    return QStringList{stock::noProduct.toString()} + names(connection, u"Select [produto] from produto"_s, u"produto");
+    return QStringList{stock::noProduct.toString()} +
+           names(connection, u"Select [produto] from produto"_s, u"produto");
 }
 
 bool exceedsStock(Connection &connection, const Side &side, const EntryForm &form)
@@ -121,18 +91,19 @@ bool exceedsStock(Connection &connection, const Side &side, const EntryForm &for
     if (!side.warnsOfLowStock || form.product == stock::noProduct)
         return false;
     const std::optional<Money> onHand = stock::onHand(connection, form.product);
-    return onHand && amountOrZero(u"Quantidade"_s, form.quantity) > *onHand;
+    return onHand && formtext::amountOrZero(u"Quantidade"_s, form.quantity) > *onHand;
 }
 
 void save(Connection &connection, const Side &side, const EntryForm &form, const QString &code)
 {
-    const Money quantity = amountOrZero(u"Quantidade"_s, form.quantity);
+    const Money quantity = formtext::amountOrZero(u"Quantidade"_s, form.quantity);
     Transaction transaction(connection);
     Recordset row(connection, code.isEmpty() ? side.table : byCode(side, code));
     if (code.isEmpty())
         row.addNew();
     else if (!row.next())
-        throw Error(Error::Kind::Data, u"este lançamento não existe mais; ele foi removido por outro usuário."_s);
+        throw Error(Error::Kind::Data,
+                    u"este lançamento não existe mais; ele foi removido por outro usuário."_s);
     writeColumns(row, side, form);
     row.update();
     stock::move(connection, direction(side.savingAddsToStock), quantity, form.product);
@@ -155,7 +126,7 @@ std::optional<EntryForm> load(Connection &connection, const Side &side, const QS
         .notes = row.text(u"informacoes"),
         .value = Money::stored(row.text(u"valor")).grouped(),
         .unitCost = side.hasUnitCost ? Money::stored(row.text(u"custo")).grouped() : QString(),
-        .product = row.text(u"produto"),
+        .product = row.text(u"produto").isEmpty() ? stock::noProduct.toString() : row.text(u"produto"),
         .quantity = row.text(u"qtde"),
         .currency = row.text(u"moeda"),
     };
@@ -166,7 +137,8 @@ void remove(Connection &connection, const Side &side, const std::vector<EntryRem
     Transaction transaction(connection);
     for (const EntryRemoval &removal : removals) {
         stock::move(connection, direction(!side.savingAddsToStock), removal.quantity, removal.product);
-        connection.execute(u"Delete FROM "_s + side.table + u" where(código like '"_s + removal.code + u"')"_s);
+        connection.execute(u"Delete FROM "_s + side.table + u" where(código like '"_s + removal.code +
+                           u"')"_s);
     }
     transaction.commit();
 }
@@ -189,4 +161,4 @@ QString plainCode(const QString &text)
     return QString::number(text.trimmed().toLongLong());
 }
 
-}
+} // namespace entry

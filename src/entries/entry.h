@@ -45,18 +45,18 @@ QStringList productNames(Connection &connection);
 
 /// True when a new entry takes more units of its product than there are.
 bool exceedsStock(Connection &connection, const Side &side, const EntryForm &form);
-/// Adds a row (empty code) or rewrites the one with the code, and moves the stock by the quantity in the form, all in one
-/// transaction. Throws Error; then nothing has changed.
+/// Adds a row (empty code) or rewrites the one with the code, and moves the stock by the quantity in the
+/// form, all in one transaction. Throws Error; then nothing has changed.
 void save(Connection &connection, const Side &side, const EntryForm &form, const QString &code);
 /// The entry with the code; nothing when there is none.
 std::optional<EntryForm> load(Connection &connection, const Side &side, const QString &code);
 /// Deletes the entries and corrects the stock in one transaction. Throws Error; then nothing has changed.
 void remove(Connection &connection, const Side &side, const std::vector<EntryRemoval> &removals);
-/// Marks the entry settled today. The due date becomes the day of settling, written day first ("dd/mm/yyyy"), which marks
-/// it as such. False when there is no such entry.
+/// Marks the entry settled today. The due date becomes the day of settling, written day first ("dd/mm/yyyy"),
+/// which marks it as such. False when there is no such entry.
 bool settle(Connection &connection, const Side &side, const QString &code, QDate today);
 
 /// A list line's key as a plain number: "0012" is "12".
 QString plainCode(const QString &text);
 
-}
+} // namespace entry

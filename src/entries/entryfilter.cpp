@@ -3,6 +3,7 @@
 #include "data/dates.h"
 #include "data/period.h"
 #include "data/status.h"
+#include "stock/stock.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +18,13 @@ bool isAll(const QString &choice)
 QString piece(const QString &column, const QString &choice)
 {
     return isAll(choice) ? QString() : u" and ("_s + column + u" like '"_s + choice + u"') "_s;
+}
+
+/// Entries that carry the product chosen, or any product.
+QString productPiece(const QString &choice)
+{
+    return isAll(choice) ? u" and (produto <> '"_s + stock::noProduct.toString() + u"') "_s
+                         : piece(u"produto"_s, choice);
 }
 
 /// The status word that the choice asks for; "%%" for any.
@@ -38,8 +46,8 @@ QString periodQuery(const Side &side, const QString &column, period::Choice choi
     case period::Choice::ThisYear:
         return select + u" where("_s + column + u" like '%"_s + year + u"/%') "_s;
     case period::Choice::ThisMonth: // the year half tests `data` whatever the column
-        return select + u" where("_s + dayColumn + u" like '%/"_s + today.toString(u"MM"_s) + u"/%' AND data like '%"_s
-            + year + u"/%') "_s;
+        return select + u" where("_s + dayColumn + u" like '%/"_s + today.toString(u"MM"_s) +
+               u"/%' AND data like '%"_s + year + u"/%') "_s;
     case period::Choice::Today:
         return select + u" where("_s + dayColumn + u" like '"_s + dates::stored(today) + u"') "_s;
     default: {
@@ -49,13 +57,13 @@ QString periodQuery(const Side &side, const QString &column, period::Choice choi
     }
 }
 
-}
+} // namespace
 
 namespace entryfilter {
 
 QStringList basedOnChoices()
 {
-    return {u"Data vencimento"_s, u"Data cadastro"_s};
+    return {u"Data vencimento"_s, byEntryDate.toString()};
 }
 
 QStringList statusChoices()
@@ -63,10 +71,18 @@ QStringList statusChoices()
     return {u"Pendentes e Concluídos"_s, u"Pendentes"_s, u"Concluídos"_s};
 }
 
+QString description(const EntryFilter &filter)
+{
+    const QStringList choices{filter.period,  filter.basedOn, filter.status,
+                              filter.account, filter.centre,  filter.contact};
+    return choices.join(u" - "_s);
+}
+
 QString query(const Side &side, const EntryFilter &filter, QDate today)
 {
-    const bool byEntryDate = !side.dateChoiceFilters || filter.basedOn.toLower() == u"data cadastro";
-    const QString column = byEntryDate ? u"data"_s : u"vencimento"_s;
+    const bool ofEntry =
+        !side.dateChoiceFilters || byEntryDate.compare(filter.basedOn, Qt::CaseInsensitive) == 0;
+    const QString column = ofEntry ? u"data"_s : u"vencimento"_s;
     const QString wanted = statusPattern(filter.status);
     const period::Choice choice = period::fromText(filter.period);
 
@@ -78,11 +94,13 @@ QString query(const Side &side, const EntryFilter &filter, QDate today)
     else
         sql = periodQuery(side, column, choice, today) + u" and (estatus like '"_s + wanted + u"') "_s;
 
-    sql += piece(u"origem"_s, filter.account) + piece(u"descricao"_s, filter.centre)
-        + piece(side.contactColumn, filter.contact);
+    if (filter.product)
+        sql += productPiece(*filter.product);
+    sql += piece(u"origem"_s, filter.account) + piece(u"descricao"_s, filter.centre) +
+           piece(side.contactColumn, filter.contact);
     if (side.dateChoiceFilters)
         sql += u" order by "_s + column;
     return sql.trimmed();
 }
 
-}
+} // namespace entryfilter

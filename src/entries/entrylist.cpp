@@ -46,9 +46,9 @@ public:
     {
         for (const ColumnText &column : columnTexts(side)) {
             const bool isKey = column.key == u"id";
-            const QString source = isKey                      ? u"código"_s
-                : column.key == side.contactColumnKey ? side.contactColumn
-                                                      : column.key;
+            const QString source = isKey                                 ? u"código"_s
+                                   : column.key == side.contactColumnKey ? side.contactColumn
+                                                                         : column.key;
             m_sources.push_back({rows.column(source), column.kind, column.key == u"valor"});
             if (column.key == u"qtde")
                 m_quantity = rows.column(source);
@@ -85,7 +85,8 @@ private:
 
     static constexpr std::string_view pendingWord = "Pendente";
 
-    std::string_view cell(const Recordset &rows, const Source &source, std::string &rendered, Money value) const
+    std::string_view cell(const Recordset &rows, const Source &source, std::string &rendered,
+                          Money value) const
     {
         const std::string_view stored = rows.utf8(source.column);
         if (source.kind != CellKind::Date && source.kind != CellKind::Money)
@@ -108,14 +109,14 @@ private:
     int m_currency, m_quantity = -1, m_status = -1, m_value = -1;
 };
 
-}
+} // namespace
 
 QString EntryTotals::text(const Side &side) const
 {
     const QString currency = count == 0 ? QString() : u"R$ "_s;
-    return QString::number(count) + side.countWords + currency + total.grouped() + side.settledWords + currency
-        + settled.grouped() + u"  -  Total pendente: "_s + currency + pending.grouped() + side.quantityWords
-        + quantity.plain();
+    return QString::number(count) + side.countWords + currency + total.grouped() + side.settledWords +
+           currency + settled.grouped() + u"  -  Total pendente: "_s + currency + pending.grouped() +
+           side.quantityWords + quantity.plain();
 }
 
 namespace entrylist {
@@ -157,12 +158,11 @@ EntryList load(Connection &connection, const Side &side, const QString &query, P
 QStringList distinct(Connection &connection, const Side &side, const QString &column)
 {
     QStringList values;
-    for (Recordset rows(connection,
-                        u"SELECT DISTINCT "_s + column + u" FROM "_s + side.table + u" order by "_s + column
-                            + u" ASC"_s);
+    for (Recordset rows(connection, u"SELECT DISTINCT "_s + column + u" FROM "_s + side.table +
+                                        u" order by "_s + column + u" ASC"_s);
          rows.next();)
         values << rows.text(0);
     return values;
 }
 
-}
+} // namespace entrylist

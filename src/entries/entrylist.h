@@ -36,4 +36,4 @@ EntryList load(Connection &connection, const Side &side, const QString &query, P
 /// The different values of a column of the side's table, in name order, for a filter box.
 QStringList distinct(Connection &connection, const Side &side, const QString &column);
 
-}
+} // namespace entrylist

@@ -3,32 +3,22 @@
 
 #include "bank/frmbanco.h"
 #include "data/clock.h"
-#include "data/dates.h"
+#include "entries/frmcadcli.h"
+#include "entries/frmcentrocusto.h"
 #include "settings/database.h"
 #include "stock/stock.h"
-#include "widgets/background.h"
 #include "widgets/boxes.h"
 #include "widgets/formkeys.h"
 #include "widgets/messages.h"
 
-#include <QEvent>
-
 using namespace Qt::StringLiterals;
 
-namespace {
-
-const QString savePrefix = u"Ocorreu o seguinte erro ao tentar cadastrar os dados: "_s;
-
-}
-
 frmAdicionar::frmAdicionar(const Side &side, const QString &code, QWidget *parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::frmAdicionar>()), m_side(side), m_code(code)
+    : EntryScreen(side, parent), m_ui(std::make_unique<Ui::frmAdicionar>()), m_code(code)
 {
     m_ui->setupUi(this);
-    setAttribute(Qt::WA_DeleteOnClose);
-    background::apply(this);
-    formkeys::enterMovesOn(this);
-    topmost::set(this, u"ativo");
+    setUp({m_ui->cboestatus, m_ui->cboorigem, m_ui->cbotipo, m_ui->txtdescricao, m_ui->cbomoeda,
+           m_ui->cboproduto, m_ui->txtdata, m_ui->cmdcancelar});
 
     setWindowTitle(side.caption);
     m_ui->lbldescricao->setText(side.descriptionLabel);
@@ -38,10 +28,6 @@ frmAdicionar::frmAdicionar(const Side &side, const QString &code, QWidget *paren
     m_ui->txtcusto->setVisible(side.hasUnitCost);
     if (side.hasUnitCost)
         m_ui->txtcusto->setText(u"00,00"_s);
-
-    m_ui->cboestatus->addItems(entry::statusWords());
-    m_ui->cbomoeda->addItems(entry::currencies());
-    m_ui->txtdata->setDate(programclock::today());
     m_ui->txtvencimento->setDate(programclock::today());
 }
 
@@ -52,7 +38,6 @@ frmAdicionar *frmAdicionar::openNew(const Side &side, QWidget *parent)
     auto screen = std::unique_ptr<frmAdicionar>(new frmAdicionar(side, QString(), parent));
     if (!screen->fillBoxes())
         return nullptr;
-    screen->m_ui->cboorigem->setCurrentIndex(screen->m_ui->cboorigem->count() > 0 ? 0 : -1);
     screen->connectControls();
     screen->show();
     return screen.release();
@@ -61,7 +46,8 @@ frmAdicionar *frmAdicionar::openNew(const Side &side, QWidget *parent)
 frmAdicionar *frmAdicionar::openEdit(const Side &side, const QString &code, QWidget *parent)
 {
     std::optional<EntryForm> form;
-    if (!messages::guarded(parent, messages::generalPrefix, [&] { form = entry::load(openDatabase(), side, code); }))
+    if (!messages::guarded(parent, messages::generalPrefix,
+                           [&] { form = entry::load(openDatabase(), side, code); }))
         return nullptr;
     if (!form) {
         messages::information(parent, side.caption, u"Este lançamento não existe mais."_s);
@@ -79,49 +65,26 @@ frmAdicionar *frmAdicionar::openEdit(const Side &side, const QString &code, QWid
 void frmAdicionar::connectControls()
 {
     connect(m_ui->cmdinserir, &QPushButton::clicked, this, &frmAdicionar::save);
-    connect(m_ui->cmdcancelar, &QPushButton::clicked, this, &QDialog::close);
     connect(m_ui->cmdbancoinc, &QToolButton::clicked, this, [this] {
         topmost::set(this, u"desativo");
         frmbanco::openNew(this);
     });
-    for (DateEdit *field : {m_ui->txtdata, m_ui->txtvencimento}) {
-        connect(field, &DateEdit::calendarOpening, this, [this] { topmost::set(this, u"desativo"); });
-        connect(field, &DateEdit::calendarClosed, this, [this] { topmost::set(this, u"ativo"); });
-    }
+    connect(m_ui->cmdforncliinc, &QToolButton::clicked, this, [this] {
+        topmost::set(this, u"desativo");
+        frmCadCli::openNew(m_side.contacts, m_side.contacts.quickAddCaption, this);
+    });
+    connect(m_ui->cmddescinc, &QToolButton::clicked, this, [this] {
+        topmost::set(this, u"desativo");
+        frmCentroCusto::openFor(m_side.centres, this);
+    });
+    stepBackFor(m_ui->txtvencimento);
     if (m_side.hasUnitCost) {
         connect(m_ui->cboproduto, &QComboBox::currentTextChanged, this, [this] { showUnitCost(false); });
         connect(m_ui->txtqtde, &QLineEdit::textChanged, this, [this] { showUnitCost(true); });
     }
-    connect(&Changes::instance(), &Changes::changed, this, &frmAdicionar::refill);
     connect(this, &QDialog::finished, this, [this] {
         if (std::exchange(m_unannounced, false))
             Changes::announce(m_side.subject);
-    });
-}
-
-bool frmAdicionar::fillBoxes()
-{
-    return messages::guarded(parentWidget(), messages::generalPrefix, [this] {
-        Connection &connection = openDatabase();
-        boxes::refill(m_ui->cboorigem, entry::accountNames(connection));
-        boxes::refill(m_ui->cbotipo, entry::names(connection, m_side.contactQuery, u"nome"));
-        boxes::refill(m_ui->txtdescricao, entry::names(connection, m_side.centreQuery, u"descricao"));
-        boxes::refill(m_ui->cboproduto, entry::productNames(connection));
-        m_ui->cboproduto->setCurrentIndex(0);
-    });
-}
-
-void frmAdicionar::refill(Subject subject)
-{
-    messages::guarded(this, messages::generalPrefix, [&] {
-        if (subject == Subject::Accounts)
-            boxes::refill(m_ui->cboorigem, entry::accountNames(openDatabase()));
-        else if (subject == m_side.contactSubject)
-            boxes::refill(m_ui->cbotipo, entry::names(openDatabase(), m_side.contactQuery, u"nome"));
-        else if (subject == m_side.centreSubject)
-            boxes::refill(m_ui->txtdescricao, entry::names(openDatabase(), m_side.centreQuery, u"descricao"));
-        else if (subject == Subject::Products)
-            boxes::refill(m_ui->cboproduto, entry::productNames(openDatabase()));
     });
 }
 
@@ -176,17 +139,14 @@ void frmAdicionar::showUnitCost(bool timesQuantity)
 void frmAdicionar::save()
 {
     const EntryForm typed = form();
-    const QStringList blank = entry::blankFields(typed);
-    if (!blank.isEmpty()) {
-        messages::exclamation(this, u"Erro"_s,
-                              u"Os seguintes dados estão em branco: \n"_s + blank.join(u'\n'));
+    if (refuseBlank(entry::blankFields(typed)))
         return;
-    }
-    const bool saved = messages::guarded(this, savePrefix, [&] {
+    const bool saved = messages::guarded(this, messages::savePrefix, [&] {
         if (m_code.isEmpty() && entry::exceedsStock(openDatabase(), m_side, typed))
-            messages::exclamation(this, u"Aviso de estoque"_s,
-                                  u"A quantidade de produtos adicionada é maior do que a quantidade de itens no estoque! "
-                                  "Seu saldo no estoque ficara negativo"_s);
+            messages::exclamation(
+                this, u"Aviso de estoque"_s,
+                u"A quantidade de produtos adicionada é maior do que a quantidade de itens no estoque! "
+                "Seu saldo no estoque ficara negativo"_s);
         entry::save(openDatabase(), m_side, typed, m_code);
     });
     if (!saved)
@@ -206,11 +166,4 @@ void frmAdicionar::prepareNext()
     m_ui->txtdocumento->clear();
     m_ui->txtinfo->clear();
     m_ui->txtdescricao->setFocus();
-}
-
-void frmAdicionar::changeEvent(QEvent *event)
-{
-    QDialog::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
-        topmost::set(this, u"ativo");
 }

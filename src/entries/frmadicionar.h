@@ -1,19 +1,17 @@
 #pragma once
 
 #include "entries/entry.h"
-
-#include <QDialog>
+#include "entries/frmentryscreen.h"
 
 #include <memory>
 
 namespace Ui {
 class frmAdicionar;
 }
-class QComboBox;
 
-/// The entry screen: records one payable or receivable, or changes one. It stays open beside the main window and above
-/// it, and announces the side's Subject when it closes after saving.
-class frmAdicionar : public QDialog
+/// The entry screen: records one payable or receivable, or changes one. It announces the side's Subject when
+/// it closes after saving.
+class frmAdicionar : public EntryScreen
 {
     Q_OBJECT
 
@@ -24,14 +22,9 @@ public:
     static frmAdicionar *openEdit(const Side &side, const QString &code, QWidget *parent);
     ~frmAdicionar() override;
 
-protected:
-    void changeEvent(QEvent *event) override;
-
 private:
     frmAdicionar(const Side &side, const QString &code, QWidget *parent);
     void connectControls();
-    bool fillBoxes();
-    void refill(Subject subject);
     void showForm(const EntryForm &form);
     EntryForm form() const;
     void showUnitCost(bool timesQuantity);
@@ -39,7 +32,6 @@ private:
     void prepareNext();
 
     std::unique_ptr<Ui::frmAdicionar> m_ui;
-    const Side &m_side;
     QString m_code; ///< empty for a new entry
     bool m_unannounced = false;
 };

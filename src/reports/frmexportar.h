@@ -1,5 +1,6 @@
 #pragma once
 
+#include "reports/modimpressao.h"
 #include "reports/report.h"
 
 class QWidget;
@@ -11,8 +12,9 @@ struct ExportTexts
     QString htmlTitle, htmlFilter;
 };
 
-/// The three commands that every list screen has on its list. Each asks for a file or a printer, shows the wait screen while a
-/// long list is written, and tells the user when it failed; an older file stays untouched until the new one is complete.
+/// The three commands that every list screen has on its list. Each asks for a file or a printer, shows the
+/// wait screen while a long list is written, and tells the user when it failed; an older file stays untouched
+/// until the new one is complete.
 namespace exportar {
 
 /// Saves as fixed-width text and offers to open the file.
@@ -20,6 +22,13 @@ void saveText(QWidget *parent, const Report &report, const ExportTexts &texts);
 /// Saves as an HTML page and offers to open the file.
 void saveHtml(QWidget *parent, const Report &report, const ExportTexts &texts);
 /// Shows the pages, prints them or saves them as PDF.
-void print(QWidget *parent, const Report &report);
+void print(QWidget *parent, const Report &report, const modimpressao::PageSetup &setup = {});
+/// The same for pages that are not made from a report, such as a receipt.
+void printPages(QWidget *parent, const PageDocument &document);
 
-}
+/// Asks whether to open the file that was just saved, and opens it.
+void offerToOpen(QWidget *parent, const QString &path);
+/// Tells that printing failed.
+void showPrintError(QWidget *parent);
+
+} // namespace exportar

@@ -14,14 +14,15 @@ std::optional<Money> firstValue(Connection &connection, const QString &sql)
     return Money::stored(rows.text(0));
 }
 
-}
+} // namespace
 
 namespace stock {
 
 void move(Connection &connection, Direction direction, Money quantity, const QString &product)
 {
-    connection.execute(u"UPDATE [produto] SET qtde=qtde "_s + (direction == Direction::In ? u"+ "_s : u"- "_s)
-                       + quantity.sqlNumber() + u" WHERE [produto] like '"_s + product + u"'"_s);
+    connection.execute(u"UPDATE [produto] SET qtde=qtde "_s +
+                       (direction == Direction::In ? u"+ "_s : u"- "_s) + quantity.sqlNumber() +
+                       u" WHERE [produto] like '"_s + product + u"'"_s);
 }
 
 std::optional<Money> onHand(Connection &connection, const QString &product)
@@ -31,7 +32,8 @@ std::optional<Money> onHand(Connection &connection, const QString &product)
 
 std::optional<Money> unitCost(Connection &connection, const QString &product)
 {
-    return firstValue(connection, u"SELECT [custo] from [produto] where [produto] like '"_s + product + u"'"_s);
+    return firstValue(connection,
+                      u"SELECT [custo] from [produto] where [produto] like '"_s + product + u"'"_s);
 }
 
-}
+} // namespace stock

@@ -16,12 +16,12 @@ inline constexpr QStringView noProduct = u"-";
 
 enum class Direction { In, Out };
 
-/// Moves `quantity` units of a product; a name that no product bears changes nothing. Throws Error when the name breaks
-/// the statement. The caller holds the transaction.
+/// Moves `quantity` units of a product; a name that no product bears changes nothing. Throws Error when the
+/// name breaks the statement. The caller holds the transaction.
 void move(Connection &connection, Direction direction, Money quantity, const QString &product);
 /// Units on hand; nothing when there is no such product.
 std::optional<Money> onHand(Connection &connection, const QString &product);
 /// The product's unit cost; nothing when there is no such product.
 std::optional<Money> unitCost(Connection &connection, const QString &product);
 
-}
+} // namespace stock

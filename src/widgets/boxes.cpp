@@ -16,6 +16,16 @@ void refill(QComboBox *box, const QStringList &items)
         choose(box, shown);
 }
 
+void refillTakingNew(QComboBox *box, const QStringList &items)
+{
+    QStringList added = items;
+    for (int i = 0; i < box->count(); ++i)
+        added.removeOne(box->itemText(i));
+    refill(box, items);
+    if (box->currentText().isEmpty() && added.size() == 1)
+        box->setCurrentIndex(int(items.indexOf(added.constFirst())));
+}
+
 void choose(QComboBox *box, const QString &text)
 {
     if (box->isEditable()) {
@@ -27,4 +37,4 @@ void choose(QComboBox *box, const QString &text)
     box->setCurrentIndex(box->findText(text, Qt::MatchExactly));
 }
 
-}
+} // namespace boxes

@@ -8,9 +8,12 @@ class QComboBox;
 /// Filling pick boxes without losing what the user chose.
 namespace boxes {
 
-/// Replaces the items; the text that was shown stays, also when it is not among the new items. Signals are held back.
+/// Replaces the items; the text that was shown stays, also when it is not among the new items. Signals are
+/// held back.
 void refill(QComboBox *box, const QStringList &items);
+/// As refill(); a box that shows nothing takes the one item that is new.
+void refillTakingNew(QComboBox *box, const QStringList &items);
 /// Shows `text`, adding it when the box does not offer it.
 void choose(QComboBox *box, const QString &text);
 
-}
+} // namespace boxes

@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QRadioButton>
 #include <QTextEdit>
 #include <QWindow>
 
@@ -23,7 +24,8 @@ bool isField(const QWidget *widget)
     // The line edit inside a combo or spin box never has the focus itself.
     return (qobject_cast<const QLineEdit *>(widget) && !widget->focusProxy()) ||
            qobject_cast<const QComboBox *>(widget) || qobject_cast<const QAbstractSpinBox *>(widget) ||
-           qobject_cast<const QCheckBox *>(widget) || isTextOfLines(widget);
+           qobject_cast<const QCheckBox *>(widget) || qobject_cast<const QRadioButton *>(widget) ||
+           isTextOfLines(widget);
 }
 
 class EnterMovesOn : public QObject

@@ -48,16 +48,29 @@ public:
 class ShownTable : public TableSource
 {
 public:
-    ShownTable(const TableModel &table, std::vector<int> columns) : m_table(table), m_columns(std::move(columns)) {}
+    ShownTable(const TableModel &table, std::vector<int> columns)
+        : m_table(table), m_columns(std::move(columns))
+    {
+    }
 
     int columnCount() const override { return int(m_columns.size()); }
     int rowCount() const override { return m_table.rowCount(); }
     QString heading(int column) const override { return source(column).title; }
     CellKind kind(int column) const override { return source(column).kind; }
-    QString cell(int row, int column) const override { return m_table.cell(row, m_columns[std::size_t(column)]); }
+    QString cell(int row, int column) const override
+    {
+        return m_table.cell(row, m_columns[std::size_t(column)]);
+    }
+    std::string_view utf8(int row, int column, std::string &) const override
+    {
+        return m_table.utf8(row, m_columns[std::size_t(column)]);
+    }
 
 private:
-    const Column &source(int column) const { return m_table.columns()[std::size_t(m_columns[std::size_t(column)])]; }
+    const Column &source(int column) const
+    {
+        return m_table.columns()[std::size_t(m_columns[std::size_t(column)])];
+    }
 
     const TableModel &m_table;
     std::vector<int> m_columns;

@@ -36,8 +36,8 @@ public:
 
     /// Text shown in the middle while the list is empty.
     void setEmptyText(const QString &text);
-    /// The list as it is shown, for printing and export: columns in their order on the screen, without hidden ones.
-    /// Valid while the list lives and its rows stay.
+    /// The list as it is shown, for printing and export: columns in their order on the screen, without hidden
+    /// ones. Valid while the list lives and its rows stay.
     std::shared_ptr<const TableSource> tableSource() const;
     ListLayout layout() const;
     void applyLayout(const ListLayout &layout);

@@ -18,6 +18,7 @@ void critical(QWidget *parent, const QString &title, const QString &text);
 bool question(QWidget *parent, const QString &title, const QString &text);
 
 inline constexpr QStringView openPrefix = u"Ocorreu o seguinte erro ao tentar abrir o banco de dados: ";
+inline constexpr QStringView savePrefix = u"Ocorreu o seguinte erro ao tentar cadastrar os dados: ";
 inline constexpr QStringView generalPrefix = u"Ocorreu o seguinte erro: ";
 
 /// The error behind `prefix`; one met while opening the database stands behind openPrefix instead.

@@ -29,13 +29,21 @@ std::vector<quint32> ordered(int rows, Qt::SortOrder order, const MakeKey &makeK
     return result;
 }
 
+/// What a cell with a number sorts by; a percentage sorts by its number.
+Money sortValue(std::string_view cell)
+{
+    if (cell.ends_with('%'))
+        cell.remove_suffix(1);
+    return Money::stored(cell);
+}
+
 std::vector<quint32> sortedRows(const RowStore &rows, int column, CellKind kind, Qt::SortOrder order)
 {
     const int count = rows.rowCount();
     switch (kind) {
     case CellKind::Number:
     case CellKind::Money:
-        return ordered(count, order, [&](int row) { return Money::stored(rows.cell(row, column)); });
+        return ordered(count, order, [&](int row) { return sortValue(rows.cell(row, column)); });
     case CellKind::Date:
         return ordered(count, order, [&](int row) { return dates::read(rows.text(row, column)); });
     case CellKind::Text:
@@ -74,6 +82,11 @@ void TableModel::setRows(RowStore rows)
 QString TableModel::cell(int row, int column) const
 {
     return m_rows.text(int(m_order[std::size_t(row)]), column);
+}
+
+std::string_view TableModel::utf8(int row, int column) const
+{
+    return m_rows.cell(int(m_order[std::size_t(row)]), column);
 }
 
 void TableModel::setColours(const QColor &text, const QColor &first, const QColor &second)

@@ -19,6 +19,7 @@ public:
     void setRows(RowStore rows);
     /// The text shown in a cell.
     QString cell(int row, int column) const;
+    std::string_view utf8(int row, int column) const;
     /// An invalid colour means the palette's. Rows take the two backgrounds in turn.
     void setColours(const QColor &text, const QColor &first, const QColor &second);
 

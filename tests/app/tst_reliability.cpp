@@ -57,8 +57,9 @@ int saveEntries(const QString &folder, const Side &side, int count)
 
 void start(QProcess &process, const TestProgram &program, const Side &side, int count)
 {
-    process.start(QCoreApplication::applicationFilePath(),
-                  {u"--salvar"_s, QFileInfo(program.databaseFile()).path(), side.table, QString::number(count)});
+    process.start(
+        QCoreApplication::applicationFilePath(),
+        {u"--salvar"_s, QFileInfo(program.databaseFile()).path(), side.table, QString::number(count)});
 }
 
 void addCoffee(TestProgram &program)
@@ -76,7 +77,7 @@ QString disagreement(TestProgram &program)
     return stock == expected ? QString() : u"stock "_s + stock + u"but expected "_s + expected;
 }
 
-}
+} // namespace
 
 class tst_reliability : public QObject
 {
@@ -126,7 +127,8 @@ void tst_reliability::killedWhileSaving()
         QVERIFY(check.step());
         QCOMPARE(check.text(0), u"ok"_s);
         QCOMPARE(disagreement(program), QString());
-        for (const QString &table : {u"pagar"_s, u"receber"_s, u"produto"_s, u"banco"_s, u"bancario"_s, u"cliente"_s})
+        for (const QString &table :
+             {u"pagar"_s, u"receber"_s, u"produto"_s, u"banco"_s, u"bancario"_s, u"cliente"_s})
             program.rows(u"select * from "_s + table); // reads, and so authenticates, every page of every row
     }
     const qint64 kept = program.rows(u"select código from pagar"_s).count(u'\n');
@@ -167,7 +169,8 @@ int main(int argc, char *argv[])
     QCoreApplication app(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.value(1) == u"--salvar")
-        return saveEntries(arguments.value(2), arguments.value(3) == payable().table ? payable() : receivable(),
+        return saveEntries(arguments.value(2),
+                           arguments.value(3) == payable().table ? payable() : receivable(),
                            arguments.value(4).toInt());
     tst_reliability test;
     return QTest::qExec(&test, argc, argv);

@@ -1,15 +1,11 @@
-#include "app/frmprincipal.h"
 #include "bank/accounts.h"
-#include "data/clock.h"
 #include "entries/entry.h"
 #include "settings/database.h"
 #include "settings/programfolder.h"
-#include "support/boxes.h"
-#include "support/testprogram.h"
+#include "support/shop.h"
 #include "widgets/listview.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
@@ -24,66 +20,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The program with its main window on screen, found and used by object names as a user driver would.
-class Shop
+void fillEntry(const Shop &shop)
 {
-public:
-    Shop() { programclock::set(QDateTime(QDate(2026, 11, 14), QTime(10, 0))); }
-
-    void open()
-    {
-        window = std::make_unique<frmPrincipal>();
-        window->show();
-        window->start();
-    }
-
-    template <typename T>
-    T *find(const QString &name) const
-    {
-        T *found = nullptr;
-        for (QWidget *top : QApplication::topLevelWidgets())
-            if (T *match = top->findChild<T *>(name); match && top->isVisible() && (!found || top != window.get()))
-                found = match;
-        if (!found)
-            qFatal("no %s", qPrintable(name));
-        return found;
-    }
-    QDialog *screen(const QString &name) const
-    {
-        for (QWidget *top : QApplication::topLevelWidgets())
-            if (top->objectName() == name && top->isVisible())
-                return qobject_cast<QDialog *>(top);
-        return nullptr;
-    }
-    void command(const QString &name) const { find<QAction>(name)->trigger(); }
-    void press(const QString &name) const { QTest::mouseClick(find<QPushButton>(name), Qt::LeftButton); }
-    void type(const QString &name, const QString &text) const
-    {
-        auto *field = find<QLineEdit>(name);
-        field->window()->activateWindow();
-        field->setFocus();
-        if (!QTest::qWaitForWindowActive(field->window()) || !QTest::qWaitFor([field] { return field->hasFocus(); }))
-            qFatal("%s does not get the focus", qPrintable(name));
-        field->selectAll();
-        QTest::keyClicks(field, text);
-        QTest::keyClick(field, Qt::Key_Tab);
-    }
-    void choose(const QString &name, const QString &text) const { find<QComboBox>(name)->setCurrentText(text); }
-    QString label(const QString &name) const { return find<QLabel>(name)->text(); }
-    ListView *list(const QString &name) const { return find<ListView>(name); }
-    int tab() const { return find<QTabWidget>(u"tabprincipal"_s)->currentIndex(); }
-
-    void fillEntry() const
-    {
-        find<QComboBox>(u"txtdescricao"_s)->setCurrentText(u"Aluguel"_s);
-        choose(u"cbotipo"_s, u"Imobiliária"_s);
-        type(u"txtvalor"_s, u"1500"_s);
-    }
-
-    TestProgram program;
-    Boxes boxes;
-    std::unique_ptr<frmPrincipal> window;
-};
+    shop.choose(u"txtdescricao"_s, u"Aluguel"_s);
+    shop.choose(u"cbotipo"_s, u"Imobiliária"_s);
+    shop.type(u"txtvalor"_s, u"1500"_s);
+}
 
 EntryForm sale(const QString &product, const QString &quantity)
 {
@@ -111,7 +53,7 @@ void addBasics(TestProgram &program)
     program.run(u"insert into produto (produto, qtde, custo) values ('Q', 10, '1,00')"_s);
 }
 
-}
+} // namespace
 
 class tst_screens : public QObject
 {
@@ -143,17 +85,18 @@ void tst_screens::addingAPayable()
     QVERIFY(shop.screen(u"frmAdicionar"_s));
     QCOMPARE(shop.screen(u"frmAdicionar"_s)->windowTitle(), u"Adicionar Contas a pagar - Despesa"_s);
     QVERIFY(!shop.find<QLineEdit>(u"txtcusto"_s)->isVisible());
-    shop.fillEntry();
+    fillEntry(shop);
     QCOMPARE(shop.find<QLineEdit>(u"txtvalor"_s)->text(), u"1.500,00"_s);
     shop.press(u"cmdinserir"_s);
     QCOMPARE(shop.boxes.seen().join(u'\n'), u"information | Cadastrada | Despesa cadastrada com sucesso!"_s);
     QVERIFY(!shop.screen(u"frmAdicionar"_s));
     QCOMPARE(shop.tab(), int(frmPrincipal::PayablesTab));
-    QCOMPARE(shop.label(u"lbltotalp"_s),
-             u"1 cadastros  -  Total de despesas: R$ 1.500,00  -  Total pago: R$ 0,00  -  Total pendente: R$ 1.500,00 - "
-             "Quantidade de produtos (entrada): 0"_s);
+    QCOMPARE(shop.label(u"lbltotalp"_s), u"1 cadastros  -  Total de despesas: R$ 1.500,00  -  Total pago: R$ "
+                                         u"0,00  -  Total pendente: R$ 1.500,00 - "
+                                         "Quantidade de produtos (entrada): 0"_s);
     QCOMPARE(shop.find<QComboBox>(u"cbofornecedor"_s)->itemText(1), u"Imobiliária"_s);
-    QCOMPARE(shop.program.rows(u"select estatus, origem, data, vencimento, documento, produto, qtde, moeda from pagar"_s),
+    QCOMPARE(shop.program.rows(
+                 u"select estatus, origem, data, vencimento, documento, produto, qtde, moeda from pagar"_s),
              u"Pendente | Caixa | 2026/11/14 | 2026/11/14 |   | - |  | R$\n"_s);
 }
 
@@ -163,7 +106,7 @@ void tst_screens::continuingLeavesTheMainWindowAlone()
     addBasics(shop.program);
     shop.open();
     shop.command(u"cmdadicionarr"_s);
-    shop.fillEntry();
+    fillEntry(shop);
     shop.choose(u"cbotipo"_s, u"Ana"_s);
     shop.type(u"txtdocumento"_s, u"NF 1"_s);
     shop.find<QCheckBox>(u"chkcontinuar"_s)->setChecked(true);
@@ -188,16 +131,18 @@ void tst_screens::missingFieldsAndFailedSaves()
     shop.find<QLineEdit>(u"txtdata"_s)->clear();
     shop.find<QLineEdit>(u"txtvencimento"_s)->clear();
     shop.press(u"cmdinserir"_s);
-    QCOMPARE(shop.boxes.seen().join(u'\n'), u"exclamation | Erro | Os seguintes dados estão em branco: \nDescrição\n"
-                                            "Fornecedor/cliente\nValor\nData\nVencimento"_s);
-    shop.fillEntry();
+    QCOMPARE(shop.boxes.seen().join(u'\n'),
+             u"exclamation | Erro | Os seguintes dados estão em branco: \nDescrição\n"
+             "Fornecedor/cliente\nValor\nData\nVencimento"_s);
+    fillEntry(shop);
     shop.type(u"txtdata"_s, u"14112026"_s);
     shop.type(u"txtvencimento"_s, u"15112026"_s);
     shop.choose(u"cboproduto"_s, u"Copo d'água"_s);
     shop.type(u"txtqtde"_s, u"2"_s);
     shop.press(u"cmdinserir"_s);
     const QString told = shop.boxes.seen().join(u'\n');
-    QVERIFY2(told.startsWith(u"critical | Erro | Ocorreu o seguinte erro ao tentar cadastrar os dados: "_s), qPrintable(told));
+    QVERIFY2(told.startsWith(u"critical | Erro | Ocorreu o seguinte erro ao tentar cadastrar os dados: "_s),
+             qPrintable(told));
     QVERIFY(shop.screen(u"frmAdicionar"_s));
     QCOMPARE(shop.find<QLineEdit>(u"txtvalor"_s)->text(), u"1.500,00"_s);
     QCOMPARE(shop.program.rows(u"select código from pagar"_s), QString());
@@ -210,16 +155,18 @@ void tst_screens::sellingWarnsOfLowStock()
     shop.open();
     shop.command(u"mnucadrececeber"_s);
     QCOMPARE(shop.find<QLineEdit>(u"txtcusto"_s)->text(), u"00,00"_s);
-    shop.fillEntry();
+    fillEntry(shop);
     shop.choose(u"cbotipo"_s, u"Ana"_s);
     shop.choose(u"cboproduto"_s, u"P"_s);
     QCOMPARE(shop.find<QLineEdit>(u"txtcusto"_s)->text(), u"2,50"_s);
     shop.type(u"txtqtde"_s, u"12"_s);
     QCOMPARE(shop.find<QLineEdit>(u"txtcusto"_s)->text(), u"30,00"_s);
     shop.press(u"cmdinserir"_s);
-    QCOMPARE(shop.boxes.seen().join(u'\n'),
-             u"exclamation | Aviso de estoque | A quantidade de produtos adicionada é maior do que a quantidade de itens no "
-             "estoque! Seu saldo no estoque ficara negativo\ninformation | Cadastrada | Receita cadastrada com sucesso!"_s);
+    QCOMPARE(
+        shop.boxes.seen().join(u'\n'),
+        u"exclamation | Aviso de estoque | A quantidade de produtos adicionada é maior do que a quantidade "
+        u"de itens no "
+        "estoque! Seu saldo no estoque ficara negativo\ninformation | Cadastrada | Receita cadastrada com sucesso!"_s);
     QCOMPARE(shop.program.rows(u"select qtde from produto where produto like 'P'"_s), u"-2\n"_s);
 }
 
@@ -282,7 +229,8 @@ void tst_screens::settling()
     shop.list(u"lstpagar"_s)->selectRow(0);
     shop.boxes.answer(QMessageBox::Yes);
     shop.command(u"popbaixapagar"_s);
-    QCOMPARE(shop.boxes.seen().join(u'\n'), u"question | Efetuar baixa | Deseja efetuar uma baixa para está despesa?"_s);
+    QCOMPARE(shop.boxes.seen().join(u'\n'),
+             u"question | Efetuar baixa | Deseja efetuar uma baixa para está despesa?"_s);
     QCOMPARE(shop.program.rows(u"select estatus, vencimento from pagar"_s), u"Concluído | 14/11/2026\n"_s);
     QCOMPARE(shop.list(u"lstpagar"_s)->cell(0, 5), u"14/11/2026"_s);
     QCOMPARE(shop.list(u"lstcaixabanco"_s)->cell(0, 1), u"R$ 990,00"_s);
@@ -303,8 +251,9 @@ void tst_screens::accountScreens()
     QVERIFY(!shop.screen(u"frmbanco"_s));
     QCOMPARE(shop.tab(), int(frmPrincipal::AccountsTab));
     QCOMPARE(shop.list(u"lstcaixabanco"_s)->cell(0, 1), u"R$ 250,50"_s);
-    QVERIFY(shop.find<QPlainTextEdit>(u"txtresucaixa"_s)->toPlainText().startsWith(
-        u"Caixa/Banco: Cofre( )\nO saldo neste banco inicio com R$ 250,5\n"_s));
+    QVERIFY(shop.find<QPlainTextEdit>(u"txtresucaixa"_s)
+                ->toPlainText()
+                .startsWith(u"Caixa/Banco: Cofre( )\nO saldo neste banco inicio com R$ 250,5\n"_s));
 
     shop.list(u"lstcaixabanco"_s)->selectRow(0);
     shop.command(u"cmdalterarb"_s);
@@ -357,7 +306,8 @@ void tst_screens::startWithoutADatabase()
     shop.open();
     const QStringList told = shop.boxes.seen();
     QCOMPARE(told.size(), 1);
-    QVERIFY(told[0].startsWith(u"critical | Erro | Ocorreu o seguinte erro ao tentar abrir o banco de dados: "_s));
+    QVERIFY(told[0].startsWith(
+        u"critical | Erro | Ocorreu o seguinte erro ao tentar abrir o banco de dados: "_s));
     QVERIFY(shop.window->isVisible());
     QVERIFY(!QFile::exists(databasePath()));
     shop.command(u"cmdadicionard"_s);

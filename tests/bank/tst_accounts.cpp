@@ -18,19 +18,22 @@ QString shown(const std::vector<AccountBalance> &balances)
     return lines.join(u'\n');
 }
 
-void entry(TestProgram &program, const QString &table, const QString &status, const QString &account, const QString &value)
+void entry(TestProgram &program, const QString &table, const QString &status, const QString &account,
+           const QString &value)
 {
-    program.run(u"insert into %1 (estatus, origem, valor) values ('%2', '%3', '%4')"_s.arg(table, status, account, value));
+    program.run(u"insert into %1 (estatus, origem, valor) values ('%2', '%3', '%4')"_s.arg(table, status,
+                                                                                           account, value));
 }
 
-void movementRow(TestProgram &program, const QString &status, const QString &kind, const QString &from, const QString &to,
-                 const QString &value, const QString &date = u"2026/05/20"_s)
+void movementRow(TestProgram &program, const QString &status, const QString &kind, const QString &from,
+                 const QString &to, const QString &value, const QString &date = u"2026/05/20"_s)
 {
-    program.run(u"insert into bancario (estatus, movimento, origem, destino, valor, data, informacoes) values "
-                "('%1', '%2', '%3', '%4', '%5', '%6', ' ')"_s.arg(status, kind, from, to, value, date));
+    program.run(
+        u"insert into bancario (estatus, movimento, origem, destino, valor, data, informacoes) values "
+        "('%1', '%2', '%3', '%4', '%5', '%6', ' ')"_s.arg(status, kind, from, to, value, date));
 }
 
-}
+} // namespace
 
 class tst_accounts : public QObject
 {
@@ -58,8 +61,10 @@ void tst_accounts::balancesFollowSettledEntriesOnly()
     entry(program, u"receber"_s, u"CONCLUÍDO"_s, u"Banco"_s, u"1.000,00"_s);
     movementRow(program, u"Concluído"_s, u"Depósito"_s, u"Caixa"_s, u"Banco"_s, u"5,00"_s);
     movementRow(program, u"Concluído"_s, u"Retirada"_s, u"Banco"_s, u" - "_s, u"1,00"_s);
-    movementRow(program, u"Concluído"_s, u"Transferência entre contas"_s, u"Caixa"_s, u"Banco"_s, u"400,00"_s);
-    movementRow(program, u"Pendente"_s, u"Transferência entre contas"_s, u"Caixa"_s, u"Banco"_s, u"7.000,00"_s);
+    movementRow(program, u"Concluído"_s, u"Transferência entre contas"_s, u"Caixa"_s, u"Banco"_s,
+                u"400,00"_s);
+    movementRow(program, u"Pendente"_s, u"Transferência entre contas"_s, u"Caixa"_s, u"Banco"_s,
+                u"7.000,00"_s);
     movementRow(program, u"Concluído"_s, u"depósito"_s, u"Caixa"_s, u" - "_s, u"8.000,00"_s); // no known kind
 
     QCOMPARE(shown(accounts::balances(program.database(), true, nullptr)),
@@ -88,14 +93,17 @@ void tst_accounts::summaryText()
     const std::vector<AccountBalance> two{
         {u"Caixa"_s, u"gaveta "_s, Money::fromInteger(1500), Money::stored(QStringView(u"1005,34"))},
         {u"Banco"_s, u" "_s, Money::stored(QStringView(u"12,50")), Money::stored(QStringView(u"12,50"))}};
-    QCOMPARE(accounts::summary(two),
-             u"Caixa/Banco: Caixa(gaveta )\r\nO saldo neste banco inicio com R$ 1500\r\nO saldo atual é R$ 1.005,34\r\n"
-             "Movimentação de R$ -494,66\r\n.\r\n"
-             "Caixa/Banco: Banco( )\r\nO saldo neste banco inicio com R$ 12,5\r\nO saldo atual é R$ 12,50\r\n"
-             "Movimentação de R$ 0,00\r\n.\r\n"
-             " > REFERÊNCIAS RÁPIDAS\r\n.\r\nValor total em caixa/banco\r\nR$ 1.017,84\r\n\r\n"
-             "Valor total de inicio em caixa/banco\r\nR$ 1.512,50\r\n\r\nSaldo total de movimentação \r\nR$ -494,66\r\n\r\n"_s);
-    QVERIFY(accounts::summary({}).startsWith(u" > REFERÊNCIAS RÁPIDAS\r\n.\r\nValor total em caixa/banco\r\nR$ 0,00"_s));
+    QCOMPARE(
+        accounts::summary(two),
+        u"Caixa/Banco: Caixa(gaveta )\r\nO saldo neste banco inicio com R$ 1500\r\nO saldo atual é R$ "
+        u"1.005,34\r\n"
+        "Movimentação de R$ -494,66\r\n.\r\n"
+        "Caixa/Banco: Banco( )\r\nO saldo neste banco inicio com R$ 12,5\r\nO saldo atual é R$ 12,50\r\n"
+        "Movimentação de R$ 0,00\r\n.\r\n"
+        " > REFERÊNCIAS RÁPIDAS\r\n.\r\nValor total em caixa/banco\r\nR$ 1.017,84\r\n\r\n"
+        "Valor total de inicio em caixa/banco\r\nR$ 1.512,50\r\n\r\nSaldo total de movimentação \r\nR$ -494,66\r\n\r\n"_s);
+    QVERIFY(accounts::summary({}).startsWith(
+        u" > REFERÊNCIAS RÁPIDAS\r\n.\r\nValor total em caixa/banco\r\nR$ 0,00"_s));
 }
 
 void tst_accounts::settingDecidesWhatARefillDoes()
@@ -118,35 +126,42 @@ void tst_accounts::formIsCheckedAndStored()
     accounts::change(program.database(), u" Caixa "_s, {u"Outro"_s, u"2"_s, u""_s});
     QCOMPARE(program.rows(u"select * from banco"_s), u" Caixa  | 2,00 |  \n"_s);
     QVERIFY_THROWS_EXCEPTION(Error, accounts::add(program.database(), {u"X"_s, u"muito"_s, u""_s}));
-    QVERIFY_THROWS_EXCEPTION(Error, accounts::change(program.database(), u"D'Ávila"_s, {u""_s, u"1"_s, u""_s}));
+    QVERIFY_THROWS_EXCEPTION(Error,
+                             accounts::change(program.database(), u"D'Ávila"_s, {u""_s, u"1"_s, u""_s}));
     QCOMPARE(program.rows(u"select * from banco"_s), u" Caixa  | 2,00 |  \n"_s);
 }
 
 void tst_accounts::movementQueries()
 {
-    QCOMPARE(movementlist::query({u"Todos os dados"_s, u"Todos os dados"_s, u"Data de cadastro"_s, true}, today),
-             u"Select * from bancario order by data ASC"_s);
-    QCOMPARE(movementlist::query({u"transferências"_s, u"Todos os dados"_s, u"Valor"_s, false}, today),
-             u"Select * from bancario WHERE (movimento like 'Transferência entre contas') order by valor DESC"_s);
+    QCOMPARE(
+        movementlist::query({u"Todos os dados"_s, u"Todos os dados"_s, u"Data de cadastro"_s, true}, today),
+        u"Select * from bancario order by data ASC"_s);
+    QCOMPARE(
+        movementlist::query({u"transferências"_s, u"Todos os dados"_s, u"Valor"_s, false}, today),
+        u"Select * from bancario WHERE (movimento like 'Transferência entre contas') order by valor DESC"_s);
     QCOMPARE(movementlist::query({u"Retiradas"_s, u"mês anterior"_s, u"Conta destino"_s, true}, today),
-             u"SELECT * FROM bancario WHERE data BETWEEN '2026/04/01' AND '2026/05/01'  AND (movimento like 'Retirada') order "
+             u"SELECT * FROM bancario WHERE data BETWEEN '2026/04/01' AND '2026/05/01'  AND (movimento like "
+             u"'Retirada') order "
              "by destino ASC"_s);
-    QCOMPARE(movementlist::query({u""_s, u"apenas deste mês"_s, u"Estatus"_s, true}, today),
-             u"SELECT * FROM bancario where(Data like '%/05/%' AND data like '%2026/%') order by estatus ASC"_s);
+    QCOMPARE(
+        movementlist::query({u""_s, u"apenas deste mês"_s, u"Estatus"_s, true}, today),
+        u"SELECT * FROM bancario where(Data like '%/05/%' AND data like '%2026/%') order by estatus ASC"_s);
 }
 
 void tst_accounts::movementTotals()
 {
     TestProgram program;
     const QString byValue = movementlist::query({{}, {}, u"Valor"_s, false}, today);
-    QCOMPARE(movementlist::load(program.database(), byValue, nullptr).totals.text(),
-             u"Depósitos: R$ 0,00 (0 cad.) - Retiradas: R$ 0,00 (0 cad.) - Transferência: R$ 0,00 (0 cad.)"_s);
+    QCOMPARE(
+        movementlist::load(program.database(), byValue, nullptr).totals.text(),
+        u"Depósitos: R$ 0,00 (0 cad.) - Retiradas: R$ 0,00 (0 cad.) - Transferência: R$ 0,00 (0 cad.)"_s);
     movementRow(program, u"Concluído"_s, u"Depósito"_s, u"Caixa"_s, u" - "_s, u"5,00"_s);
     movementRow(program, u"Pendente"_s, u"Depósito"_s, u"Caixa"_s, u" - "_s, u"1.000,00"_s);
     movementRow(program, u"Pendente"_s, u"Transferência entre contas"_s, u"A"_s, u"B"_s, u"30,00"_s);
     const MovementList list = movementlist::load(program.database(), byValue, nullptr);
-    QCOMPARE(list.totals.text(),
-             u"Depósitos: R$ 1.005,00 (2 cad.) - Retiradas: R$ 0,00 (0 cad.) - Transferência: R$ 30,00 (1 cad.)"_s);
+    QCOMPARE(
+        list.totals.text(),
+        u"Depósitos: R$ 1.005,00 (2 cad.) - Retiradas: R$ 0,00 (0 cad.) - Transferência: R$ 30,00 (1 cad.)"_s);
     QStringList order;
     for (int row = 0; row < list.rows.rowCount(); ++row)
         order << list.rows.text(row, 1) + u' ' + list.rows.text(row, 5);

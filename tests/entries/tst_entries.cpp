@@ -31,7 +31,7 @@ EntryForm sampleForm()
             .currency = u"R$"_s};
 }
 
-}
+} // namespace
 
 class tst_entries : public QObject
 {
@@ -58,14 +58,16 @@ void tst_entries::queryText_data()
     QTest::addColumn<EntryFilter>("filter");
     QTest::addColumn<QString>("sql");
 
-    QTest::newRow("everything") << true << EntryFilter{u"Data vencimento"_s, u"Pendentes e Concluídos"_s,
-                                                       u"Todos os bancos"_s, u"Todos os centros de custos"_s,
-                                                       u"Todos os fornecedores"_s, u"Todos os dados"_s}
+    QTest::newRow("everything") << true
+                                << EntryFilter{u"Data vencimento"_s,       u"Pendentes e Concluídos"_s,
+                                               u"Todos os bancos"_s,       u"Todos os centros de custos"_s,
+                                               u"Todos os fornecedores"_s, u"Todos os dados"_s}
                                 << u"SELECT * FROM pagar where (estatus like '%%')  order by vencimento"_s;
-    QTest::newRow("every box") << true << EntryFilter{u"Data cadastro"_s, u"pendentes"_s, u"Caixa"_s, u"Água"_s, u"Zé"_s,
-                                                      u"apenas deste ano"_s}
-                               << u"SELECT * FROM pagar where(data like '%2026/%')  and (estatus like 'Pendente')  and (origem like "
-                                  "'Caixa')  and (descricao like 'Água')  and (fornecedor like 'Zé')  order by data"_s;
+    QTest::newRow("every box")
+        << true << EntryFilter{u"Data cadastro"_s, u"pendentes"_s, u"Caixa"_s,
+                               u"Água"_s,          u"Zé"_s,        u"apenas deste ano"_s}
+        << u"SELECT * FROM pagar where(data like '%2026/%')  and (estatus like 'Pendente')  and (origem like "
+           "'Caixa')  and (descricao like 'Água')  and (fornecedor like 'Zé')  order by data"_s;
     QTest::newRow("status with all data is not repeated")
         << true << EntryFilter{u"Data vencimento"_s, u"Concluídos"_s, u"Caixa"_s, {}, {}, u"todos os dados"_s}
         << u"SELECT * FROM pagar where (estatus like 'Concluído')  and (origem like 'Caixa')  order by vencimento"_s;
@@ -77,11 +79,11 @@ void tst_entries::queryText_data()
         << u"SELECT * FROM pagar WHERE vencimento BETWEEN '2026/12/01' AND '2026/12/31'  order by vencimento"_s;
     QTest::newRow("receivables always test the entry date and are not ordered")
         << false << EntryFilter{u"Data vencimento"_s, u"Pendentes"_s, {}, {}, u"Ana"_s, u"ultimos 7 dias"_s}
-        << u"SELECT * FROM receber WHERE data BETWEEN '2026/11/07' AND '2026/11/14'  and (estatus like 'Pendente')  and (cliente like "
+        << u"SELECT * FROM receber WHERE data BETWEEN '2026/11/07' AND '2026/11/14'  and (estatus like "
+           u"'Pendente')  and (cliente like "
            "'Ana')"_s;
-    QTest::newRow("receivables of the day")
-        << false << EntryFilter{{}, {}, {}, {}, {}, u"apenas do dia"_s}
-        << u"SELECT * FROM receber where(Data like '2026/11/14')"_s;
+    QTest::newRow("receivables of the day") << false << EntryFilter{{}, {}, {}, {}, {}, u"apenas do dia"_s}
+                                            << u"SELECT * FROM receber where(Data like '2026/11/14')"_s;
 }
 
 void tst_entries::queryText()
@@ -95,11 +97,15 @@ void tst_entries::queryText()
 void tst_entries::settledPayableOfANamedMonth()
 {
     TestProgram program;
-    program.run(u"insert into pagar (estatus, data, vencimento, descricao) values ('Concluído', '2026/10/30', '14/11/2026', 'a')"_s);
-    program.run(u"insert into pagar (estatus, data, vencimento, descricao) values ('Pendente', '2025/10/30', '2026/11/20', 'b')"_s);
-    program.run(u"insert into pagar (estatus, data, vencimento, descricao) values ('Pendente', '2026/01/02', '2026/11/20', 'c')"_s);
+    program.run(
+        u"insert into pagar (estatus, data, vencimento, descricao) values ('Concluído', '2026/10/30', '14/11/2026', 'a')"_s);
+    program.run(
+        u"insert into pagar (estatus, data, vencimento, descricao) values ('Pendente', '2025/10/30', '2026/11/20', 'b')"_s);
+    program.run(
+        u"insert into pagar (estatus, data, vencimento, descricao) values ('Pendente', '2026/01/02', '2026/11/20', 'c')"_s);
     const EntryFilter month{u"Data vencimento"_s, {}, {}, {}, {}, u"apenas deste mês"_s};
-    const EntryList list = entrylist::load(program.database(), payable(), entryfilter::query(payable(), month, today), nullptr);
+    const EntryList list =
+        entrylist::load(program.database(), payable(), entryfilter::query(payable(), month, today), nullptr);
     QStringList found;
     for (int row = 0; row < list.rows.rowCount(); ++row)
         found << list.rows.text(row, 2) + u' ' + list.rows.text(row, 5);
@@ -119,8 +125,9 @@ void tst_entries::savedRowHoldsTheStoredForms()
 {
     TestProgram program;
     entry::save(program.database(), receivable(), sampleForm(), {});
-    QCOMPARE(program.rows(u"select * from receber"_s),
-             u"1 | Pendente | Caixa | Padaria São João | 2026/11/14 | 2026/12/10 | Aluguel |   |   | 1.234,50 | R$ | Café | 5 |  | 3,00\n"_s);
+    QCOMPARE(
+        program.rows(u"select * from receber"_s),
+        u"1 | Pendente | Caixa | Padaria São João | 2026/11/14 | 2026/12/10 | Aluguel |   |   | 1.234,50 | R$ | Café | 5 |  | 3,00\n"_s);
     const auto loaded = entry::load(program.database(), receivable(), u"1"_s);
     QVERIFY(loaded);
     EntryForm changed = *loaded;
@@ -178,7 +185,8 @@ void tst_entries::unreadableValuesAreRefused()
         }
         return QString();
     };
-    QCOMPARE(refused([](EntryForm &form) { form.date = u"31/02/2026"_s; }), u"a data \"31/02/2026\" do campo Data não existe."_s);
+    QCOMPARE(refused([](EntryForm &form) { form.date = u"31/02/2026"_s; }),
+             u"a data \"31/02/2026\" do campo Data não existe."_s);
     QCOMPARE(refused([](EntryForm &form) { form.value = u"99999999999999999999"_s; }),
              u"o texto \"99999999999999999999\" do campo Valor não é um valor válido."_s);
     QVERIFY(!refused([](EntryForm &form) { form.quantity = u"dois"_s; }).isEmpty());
@@ -200,8 +208,9 @@ void tst_entries::deletingCorrectsTheStockOfTheNamedProduct()
     QCOMPARE(program.rows(u"select produto, qtde from produto"_s), u"P | 14\nQ | 8\n"_s);
 
     entry::save(program.database(), receivable(), form, {});
-    QVERIFY_THROWS_EXCEPTION(Error, entry::remove(program.database(), receivable(),
-                                           {{u"1"_s, u"P"_s, Money::fromInteger(4)}, {u"1"_s, u"d'"_s, Money()}}));
+    QVERIFY_THROWS_EXCEPTION(
+        Error, entry::remove(program.database(), receivable(),
+                             {{u"1"_s, u"P"_s, Money::fromInteger(4)}, {u"1"_s, u"d'"_s, Money()}}));
     QCOMPARE(program.rows(u"select código from receber"_s), u"1\n"_s);
     entry::remove(program.database(), receivable(), {{u"1"_s, u"P"_s, Money::fromInteger(4)}});
     QCOMPARE(program.rows(u"select produto, qtde from produto"_s), u"P | 14\nQ | 8\n"_s);
@@ -213,7 +222,8 @@ void tst_entries::settlingWritesTheDayFirst()
     TestProgram program;
     entry::save(program.database(), payable(), sampleForm(), {});
     QVERIFY(entry::settle(program.database(), payable(), u"1"_s, today));
-    QCOMPARE(program.rows(u"select estatus, data, vencimento from pagar"_s), u"Concluído | 2026/11/14 | 14/11/2026\n"_s);
+    QCOMPARE(program.rows(u"select estatus, data, vencimento from pagar"_s),
+             u"Concluído | 2026/11/14 | 14/11/2026\n"_s);
     QVERIFY(!entry::settle(program.database(), payable(), u"2"_s, today));
     QCOMPARE(entry::plainCode(u"0012"_s), u"12"_s);
 }
@@ -223,7 +233,8 @@ void tst_entries::listAndTotals()
     TestProgram program;
     const QString all = u"SELECT * FROM receber where (estatus like '%%')"_s;
     QCOMPARE(entrylist::load(program.database(), receivable(), all, nullptr).totals.text(receivable()),
-             u"0 cadastrados  -  Total de lucros: 0,00  -  Total recebido: 0,00  -  Total pendente: 0,00 - Quantidade de "
+             u"0 cadastrados  -  Total de lucros: 0,00  -  Total recebido: 0,00  -  Total pendente: 0,00 - "
+             u"Quantidade de "
              "produtos (vendas): 0"_s);
 
     EntryForm form = sampleForm();
@@ -233,17 +244,20 @@ void tst_entries::listAndTotals()
     form.quantity = u"2,5"_s;
     entry::save(program.database(), receivable(), form, {});
     const EntryList list = entrylist::load(program.database(), receivable(), all, nullptr);
-    QCOMPARE(list.totals.text(receivable()),
-             u"2 cadastrados  -  Total de lucros: R$ 2.469,00  -  Total recebido: R$ 1.234,50  -  Total pendente: R$ "
-             "1.234,50 - Quantidade de produtos (vendas): 7,5"_s);
+    QCOMPARE(list.totals.text(receivable()), u"2 cadastrados  -  Total de lucros: R$ 2.469,00  -  Total "
+                                             u"recebido: R$ 1.234,50  -  Total pendente: R$ "
+                                             "1.234,50 - Quantidade de produtos (vendas): 7,5"_s);
     QStringList cells;
     for (int column = 0; column < list.rows.columnCount(); ++column)
         cells << list.rows.text(1, column);
-    QCOMPARE(cells.join(u'|'), u"2|14/11/2026|Aluguel| |Padaria São João|10/12/2026|€ 1.234,50|3,00|Café|2,5|Concluído|Caixa| "_s);
-    QCOMPARE(EntryTotals().text(payable()),
-             u"0 cadastros  -  Total de despesas: 0,00  -  Total pago: 0,00  -  Total pendente: 0,00 - Quantidade de "
-             "produtos (entrada): 0"_s);
-    QCOMPARE(entrylist::columns(payable())[std::size_t(entrylist::columnOf(payable(), u"produto"))].title, u"Produto"_s);
+    QCOMPARE(
+        cells.join(u'|'),
+        u"2|14/11/2026|Aluguel| |Padaria São João|10/12/2026|€ 1.234,50|3,00|Café|2,5|Concluído|Caixa| "_s);
+    QCOMPARE(EntryTotals().text(payable()), u"0 cadastros  -  Total de despesas: 0,00  -  Total pago: 0,00  "
+                                            u"-  Total pendente: 0,00 - Quantidade de "
+                                            "produtos (entrada): 0"_s);
+    QCOMPARE(entrylist::columns(payable())[std::size_t(entrylist::columnOf(payable(), u"produto"))].title,
+             u"Produto"_s);
 }
 
 void tst_entries::distinctValuesForFilterBoxes()

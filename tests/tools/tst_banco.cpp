@@ -92,7 +92,7 @@ private:
 
 QString TestBanco::demoFile()
 {
-    const QString path = file(u"demo.qorvex"_s);
+    QString path = file(u"demo.qorvex"_s);
     if (!QFile::exists(path)) {
         const Outcome outcome =
             runTool({u"demo"_s, path, u"--hoje"_s, u"2026-11-14"_s, u"--entradas"_s, u"3000"_s});

@@ -3,11 +3,20 @@
 #include "app/frmprincipal.h"
 #include "app/icons.h"
 #include "bank/frmbanco.h"
+#include "bank/frmmovimentobanc.h"
 #include "data/clock.h"
 #include "entries/frmadicionar.h"
+#include "entries/frmcadcli.h"
+#include "entries/frmcentrocusto.h"
+#include "entries/frmcliente.h"
+#include "entries/frmmultiplos.h"
+#include "entries/frmvisualizar.h"
 #include "settings/frmconfigsoft.h"
 #include "settings/programfolder.h"
 #include "settings/settings.h"
+#include "stock/frmcadproduto.h"
+#include "stock/frmconfetiqueta.h"
+#include "stock/frmestoque.h"
 #include "widgets/frmcarregando.h"
 #include "widgets/listview.h"
 
@@ -15,6 +24,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPalette>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -65,9 +75,32 @@ void fill(QWidget &screen)
 {
     screen.findChild<QComboBox *>(u"txtdescricao"_s)->setCurrentIndex(1);
     screen.findChild<QComboBox *>(u"cbotipo"_s)->setCurrentIndex(2);
-    screen.findChild<QComboBox *>(u"cboproduto"_s)->setCurrentIndex(1);
-    screen.findChild<QLineEdit *>(u"txtqtde"_s)->setText(u"2"_s);
     screen.findChild<QLineEdit *>(u"txtvalor"_s)->setText(u"1.234,50"_s);
+}
+
+void entryScreens(Pictures &pictures, frmPrincipal &window)
+{
+    for (const auto &[side, name] : {std::pair(&receivable(), u"lancamento"_s), {&payable(), u"despesa"_s}}) {
+        frmAdicionar *entry = frmAdicionar::openNew(*side, &window);
+        fill(*entry);
+        entry->findChild<QComboBox *>(u"cboproduto"_s)->setCurrentIndex(1);
+        entry->findChild<QLineEdit *>(u"txtqtde"_s)->setText(u"2"_s);
+        pictures.takeAndClose(entry, name);
+        frmMultiplos *installments = frmMultiplos::openFor(*side, &window);
+        fill(*installments);
+        pictures.takeAndClose(installments, u"parcelas-"_s + name);
+    }
+}
+
+void centreScreens(Pictures &pictures, frmPrincipal &window)
+{
+    for (const CentreSide *side : {&costCentres(), &profitCentres()}) {
+        frmCentroCusto *screen = frmCentroCusto::openFor(*side, &window);
+        screen->findChild<ListView *>(u"lstcentro"_s)->selectRow(1);
+        pictures.take(*screen, side->table);
+        screen->findChild<QTabWidget *>(u"xtab"_s)->setCurrentIndex(1);
+        pictures.takeAndClose(screen, side->table + u"-resumo"_s);
+    }
 }
 
 void mainWindow(Pictures &pictures, frmPrincipal &window)
@@ -83,32 +116,81 @@ void mainWindow(Pictures &pictures, frmPrincipal &window)
     tabs->setCurrentIndex(frmPrincipal::PayablesTab);
 }
 
+void movements(Pictures &pictures, frmPrincipal &window)
+{
+    pictures.takeAndClose(frmmovimentobanc::openNew(&window), u"movimento"_s);
+    const auto *list = window.findChild<ListView *>(u"lstmovimento"_s);
+    int row = 0;
+    while (row < list->rowCount() - 1 && list->cell(row, 2) != movement::transfer)
+        ++row;
+    pictures.takeAndClose(frmmovimentobanc::openEdit(list->cell(row, 0).toLongLong(), &window),
+                          u"editarmovimento"_s);
+}
+
+void periodViews(Pictures &pictures, frmPrincipal &window)
+{
+    pictures.takeAndClose(frmVisualizar::open(payableView(), ViewPeriod::Month, &window),
+                          u"visualizarpagar"_s);
+    pictures.takeAndClose(frmVisualizar::open(receivableView(), ViewPeriod::Day, &window),
+                          u"visualizarreceber"_s);
+    pictures.takeAndClose(frmVisualizar::open(bankView(), ViewPeriod::Year, &window),
+                          u"visualizarbancario"_s);
+}
+
+void contacts(Pictures &pictures, frmPrincipal &window)
+{
+    frmCliente *list = frmCliente::open(clients(), &window);
+    list->findChild<ListView *>(u"lstcontato"_s)->selectRow(2);
+    pictures.take(*list, u"clientes"_s);
+    list->findChild<QComboBox *>(u"cbofiltro"_s)->setCurrentText(u"cidade"_s);
+    list->findChild<QLineEdit *>(u"txtfiltro"_s)->setText(u"paulo"_s);
+    pictures.takeAndClose(list, u"clientesfiltro"_s);
+    pictures.takeAndClose(frmCadCli::openNew(suppliers(), suppliers().newCaption, &window),
+                          u"novofornecedor"_s);
+    pictures.takeAndClose(frmCadCli::openEdit(clients(), u"1"_s, &window), u"editarcliente"_s);
+    pictures.takeAndClose(frmConfEtiqueta::open(u"Select * from cliente"_s, &window), u"etiquetas"_s);
+}
+
 void screens(Pictures &pictures, frmPrincipal &window)
 {
-    for (const auto &[side, name] : {std::pair(&receivable(), u"lancamento"_s), {&payable(), u"despesa"_s}}) {
-        frmAdicionar *entry = frmAdicionar::openNew(*side, &window);
-        fill(*entry);
-        pictures.takeAndClose(entry, name);
-    }
+    entryScreens(pictures, window);
+    centreScreens(pictures, window);
     pictures.takeAndClose(frmbanco::openNew(&window), u"conta"_s);
     const QString account = window.findChild<ListView *>(u"lstcaixabanco"_s)->cell(0, 0);
     pictures.takeAndClose(frmbanco::openEdit(account, &window), u"editarconta"_s);
     frmConfigSoft configuration(&window);
     configuration.show();
     pictures.takeAndClose(&configuration, u"configuracoes"_s);
+    contacts(pictures, window);
     frmCarregando wait(&window);
-    wait.setTexts(u"Carregando contas a pagar"_s, u"Por favor aguarde enquanto o software carrega os dados."_s);
+    wait.setTexts(u"Carregando contas a pagar"_s,
+                  u"Por favor aguarde enquanto o software carrega os dados."_s);
     wait.setRange(100);
     wait.setDone(40);
     wait.show();
     pictures.take(wait, u"carregando"_s);
 }
 
+void stockScreens(Pictures &pictures, frmPrincipal &window)
+{
+    frmestoque *stock = frmestoque::open(&window);
+    auto *tabs = stock->findChild<QTabWidget *>(u"tabestoque"_s);
+    for (const QString &name : {u"estoque"_s, u"vendas"_s, u"compras"_s}) {
+        pictures.take(*stock, name);
+        tabs->setCurrentIndex(tabs->currentIndex() + 1);
+    }
+    pictures.takeAndClose(frmcadproduto::openNew(stock), u"produto"_s);
+    const QString product = stock->findChild<ListView *>(u"lstprodutos"_s)->cell(0, 0);
+    pictures.takeAndClose(frmcadproduto::openEdit(product, stock), u"editarproduto"_s);
+    stock->close();
 }
+
+} // namespace
 
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
+    QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() < 3) {
         std::fputs("usage: tavaro-telas PROGRAM_FOLDER OUTPUT_FOLDER [--escuro]\n", stderr);
@@ -129,5 +211,9 @@ int main(int argc, char *argv[])
     window.start();
     mainWindow(pictures, window);
     screens(pictures, window);
+    stockScreens(pictures, window);
+    movements(pictures, window);
+    contacts(pictures, window);
+    periodViews(pictures, window);
     return pictures.failed() ? 1 : 0;
 }

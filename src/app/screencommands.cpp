@@ -1,0 +1,54 @@
+#include "app/screencommands.h"
+
+#include "entries/frmcentrocusto.h"
+#include "entries/frmcliente.h"
+#include "entries/frmvisualizar.h"
+#include "entries/periodview.h"
+#include "stock/frmestoque.h"
+
+#include <QAction>
+#include <QMainWindow>
+
+namespace {
+
+struct ScreenCommand
+{
+    const char16_t *action;
+    void (*open)(QWidget *parent);
+};
+
+template <const ViewKind &(*kind)(), ViewPeriod period>
+void openView(QWidget *parent)
+{
+    frmVisualizar::open(kind(), period, parent);
+}
+
+constexpr ScreenCommand commands[] = {
+    {u"mnuclientes", [](QWidget *parent) { frmCliente::open(clients(), parent); }},
+    {u"mnufornecedores", [](QWidget *parent) { frmCliente::open(suppliers(), parent); }},
+    {u"mnucentrocusto", [](QWidget *parent) { frmCentroCusto::openFor(costCentres(), parent); }},
+    {u"mnucentrolucro", [](QWidget *parent) { frmCentroCusto::openFor(profitCentres(), parent); }},
+    {u"mnuestoque", [](QWidget *parent) { frmestoque::open(parent); }},
+    {u"mnucestoque", [](QWidget *parent) { frmestoque::open(parent); }},
+    {u"mnuvisdiapagar", openView<payableView, ViewPeriod::Day>},
+    {u"mnuvismespagar", openView<payableView, ViewPeriod::Month>},
+    {u"mnuvisanopagar", openView<payableView, ViewPeriod::Year>},
+    {u"mnuvisdiareceber", openView<receivableView, ViewPeriod::Day>},
+    {u"mnuvismesreceber", openView<receivableView, ViewPeriod::Month>},
+    {u"mnuvisanoreceber", openView<receivableView, ViewPeriod::Year>},
+    {u"mnuvisdiabancario", openView<bankView, ViewPeriod::Day>},
+    {u"mnuvismesbancario", openView<bankView, ViewPeriod::Month>},
+    {u"mnuvisanobancario", openView<bankView, ViewPeriod::Year>},
+};
+
+} // namespace
+
+void connectScreenCommands(QMainWindow &window)
+{
+    for (const ScreenCommand &command : commands) {
+        const auto *action = window.findChild<QAction *>(QString::fromUtf16(command.action));
+        Q_ASSERT(action);
+        QObject::connect(action, &QAction::triggered, &window,
+                         [&window, open = command.open] { open(&window); });
+    }
+}

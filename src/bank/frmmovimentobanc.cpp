@@ -1,0 +1,142 @@
+#include "bank/frmmovimentobanc.h"
+#include "ui_frmmovimentobanc.h"
+
+#include "data/changes.h"
+#include "data/clock.h"
+#include "data/status.h"
+#include "settings/database.h"
+#include "widgets/background.h"
+#include "widgets/boxes.h"
+#include "widgets/formkeys.h"
+#include "widgets/messages.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString savePrefix = u"Ocorreu o seguinte erro ao tentar cadastrar os dados: "_s;
+
+}
+
+frmmovimentobanc::frmmovimentobanc(const MovementScreen &screen, QWidget *parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::frmmovimentobanc>()), m_screen(screen)
+{
+    m_ui->setupUi(this);
+    setAttribute(Qt::WA_DeleteOnClose);
+    background::apply(this);
+    formkeys::enterMovesOn(this);
+    setObjectName(screen.name);
+    setWindowTitle(screen.caption);
+    m_ui->cmdadicionar->setObjectName(screen.saveName);
+    m_ui->cmdadicionar->setText(screen.saveCaption);
+
+    m_ui->txtvalor->setPrefix(u"R$ "_s);
+    m_ui->txtdata->setDate(programclock::today());
+    m_ui->cbomovimento->setCompleter(nullptr); // the kind is stored in the letter case in which it was typed
+    m_ui->cbomovimento->addItems(movement::kinds());
+    m_ui->cboestatus->addItems(status::words());
+    kindChosen();
+
+    connect(m_ui->cbomovimento, &QComboBox::currentTextChanged, this, &frmmovimentobanc::kindChosen);
+    connect(m_ui->cmdadicionar, &QPushButton::clicked, this, &frmmovimentobanc::save);
+    connect(m_ui->cmdcancelar, &QPushButton::clicked, this, &QDialog::close);
+    connect(&Changes::instance(), &Changes::changed, this, [this](Subject subject) {
+        if (subject == Subject::Accounts)
+            fillAccounts();
+    });
+}
+
+frmmovimentobanc::~frmmovimentobanc() = default;
+
+frmmovimentobanc *frmmovimentobanc::openNew(QWidget *parent)
+{
+    auto screen = std::unique_ptr<frmmovimentobanc>(new frmmovimentobanc(movement::newScreen(), parent));
+    if (!screen->fillAccounts())
+        return nullptr;
+    for (QComboBox *box : {screen->m_ui->cboorigem, screen->m_ui->cbodestino})
+        box->setCurrentIndex(box->count() - 1);
+    screen->show();
+    return screen.release();
+}
+
+frmmovimentobanc *frmmovimentobanc::openEdit(qint64 code, QWidget *parent)
+{
+    const MovementScreen &values = movement::editScreen();
+    std::optional<MovementForm> form;
+    if (!messages::guarded(parent, messages::generalPrefix,
+                           [&] { form = movement::load(openDatabase(), code); }))
+        return nullptr;
+    if (!form) {
+        messages::information(parent, values.caption, u"Este movimento não existe mais."_s);
+        return nullptr;
+    }
+    auto screen = std::unique_ptr<frmmovimentobanc>(new frmmovimentobanc(values, parent));
+    if (!screen->fillAccounts())
+        return nullptr;
+    screen->m_code = code;
+    screen->showForm(*form);
+    screen->show();
+    return screen.release();
+}
+
+bool frmmovimentobanc::fillAccounts()
+{
+    return messages::guarded(isVisible() ? this : parentWidget(), messages::generalPrefix, [this] {
+        const QStringList names = movement::accountNames(openDatabase(), m_screen);
+        boxes::refill(m_ui->cboorigem, names);
+        boxes::refill(m_ui->cbodestino, names);
+    });
+}
+
+void frmmovimentobanc::kindChosen()
+{
+    const bool hasDestination = movement::takesDestination(m_ui->cbomovimento->currentText());
+    m_ui->lbldestino->setEnabled(hasDestination);
+    m_ui->cbodestino->setEnabled(hasDestination);
+}
+
+void frmmovimentobanc::showForm(const MovementForm &form)
+{
+    m_ui->txtdata->setText(form.date);
+    m_ui->txtvalor->setText(form.value);
+    m_ui->cbomovimento->setCurrentText(form.kind);
+    m_ui->cboorigem->setCurrentText(form.origin);
+    m_ui->cbodestino->setCurrentText(form.destination);
+    boxes::choose(m_ui->cboestatus, form.status);
+    m_ui->txtinfo->setPlainText(form.notes.trimmed());
+}
+
+MovementForm frmmovimentobanc::form() const
+{
+    return {
+        .date = m_ui->txtdata->text(),
+        .value = m_ui->txtvalor->text(),
+        .kind = m_ui->cbomovimento->currentText(),
+        .origin = m_ui->cboorigem->currentText(),
+        .destination = m_ui->cbodestino->currentText(),
+        .status = m_ui->cboestatus->currentText(),
+        .notes = m_ui->txtinfo->toPlainText(),
+    };
+}
+
+void frmmovimentobanc::save()
+{
+    const MovementForm typed = form();
+    if (const auto problem = movement::problem(m_screen, typed)) {
+        m_ui->cmdadicionar->setEnabled(false);
+        messages::exclamation(this, u"Erro"_s, *problem);
+        m_ui->cmdadicionar->setEnabled(true);
+        m_ui->cmdadicionar->setFocus(); // a disabled button had to give it away
+        return;
+    }
+    const bool saved = messages::guarded(this, savePrefix, [&] {
+        if (m_code == 0)
+            movement::add(openDatabase(), typed);
+        else
+            movement::change(openDatabase(), m_code, typed);
+    });
+    if (!saved)
+        return;
+    close();
+    Changes::announce(Subject::Movements);
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "bank/movement.h"
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class frmmovimentobanc;
+}
+
+/// The movement screen: records a deposit, a withdrawal or a transfer, or, as `frmeditarbancario`, changes
+/// one. Announces Subject::Movements after it closed on saving.
+class frmmovimentobanc : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// Shows an empty screen for a new movement; null, with a message, when the accounts cannot be read.
+    static frmmovimentobanc *openNew(QWidget *parent);
+    /// Shows the movement; null, with a message, when it is no longer there.
+    static frmmovimentobanc *openEdit(qint64 code, QWidget *parent);
+    ~frmmovimentobanc() override;
+
+private:
+    frmmovimentobanc(const MovementScreen &screen, QWidget *parent);
+    bool fillAccounts();
+    void kindChosen();
+    void showForm(const MovementForm &form);
+    MovementForm form() const;
+    void save();
+
+    std::unique_ptr<Ui::frmmovimentobanc> m_ui;
+    const MovementScreen &m_screen;
+    qint64 m_code = 0; ///< of the movement that is changed
+};

@@ -1,0 +1,178 @@
+#include "entries/centres.h"
+
+#include "data/like.h"
+#include "data/recordset.h"
+#include "data/status.h"
+#include "entries/entry.h"
+
+#include <QHash>
+
+#include <map>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The condition that finds a centre by its name; a name may hold an apostrophe.
+QString hasName(const QString &name)
+{
+    return u" where(descricao like '"_s + QString(name).replace(u'\'', u"''"_s) + u"')"_s;
+}
+
+/// The sums of all entries by their description as it is written.
+using SumsByDescription = std::map<std::string, CentreSums, std::less<>>;
+
+SumsByDescription sumsByDescription(Connection &connection, const CentreSide &side)
+{
+    const std::string pending = status::pending.toUtf8().toStdString();
+    SumsByDescription groups;
+    Statement rows = connection.prepare(u"Select descricao, estatus, valor from "_s + side.entryTable,
+                                        dialect::RowOrder::Any);
+    while (rows.step()) {
+        if (rows.isNull(0)) // like no name, not even "%"
+            continue;
+        const std::string_view description = rows.utf8(0);
+        auto group = groups.find(description);
+        if (group == groups.end())
+            group = groups.emplace(description, CentreSums()).first;
+        const Money value = Money::stored(rows.utf8(2)).roundedToCents();
+        const bool isPending = rows.utf8(1) == pending;
+        (isPending ? group->second.pending : group->second.settled) += value;
+        ++(isPending ? group->second.pendingCount : group->second.settledCount);
+    }
+    return groups;
+}
+
+QString amount(qint64 count, Money sum)
+{
+    return QString::number(count) + u" ("_s + sum.inReais() + u')';
+}
+
+QStringList totals(const CentreSide &side, const CentreSums &total)
+{
+    return {side.totalLabel + total.total().inReais(), side.settledLabel + total.settled.inReais(),
+            side.pendingLabel + total.pending.inReais()};
+}
+
+} // namespace
+
+CentreSums &CentreSums::operator+=(const CentreSums &other)
+{
+    pendingCount += other.pendingCount;
+    settledCount += other.settledCount;
+    pending += other.pending;
+    settled += other.settled;
+    return *this;
+}
+
+namespace centres {
+
+QStringList names(Connection &connection, const CentreSide &side)
+{
+    return entry::names(connection, side.listQuery, u"descricao");
+}
+
+void add(Connection &connection, const CentreSide &side, const QString &name)
+{
+    Transaction transaction(connection);
+    Recordset row(connection, side.table);
+    row.addNew();
+    row.set(u"descricao", name);
+    row.update();
+    transaction.commit();
+}
+
+void rename(Connection &connection, const CentreSide &side, const QString &oldName, const QString &newName)
+{
+    const QString source = u"select * from "_s + side.table + hasName(oldName);
+    Transaction transaction(connection);
+    // Names that differ in letter case only, or a name with a wildcard, find several: the one written alike
+    // is meant.
+    const bool asWritten = entry::names(connection, source, u"descricao").contains(oldName);
+    Recordset row(connection, source);
+    bool found = row.next();
+    while (found && asWritten && row.text(u"descricao") != oldName)
+        found = row.next();
+    if (!found)
+        throw Error(Error::Kind::Data, u"\"%1\" não existe mais."_s.arg(oldName));
+    row.set(u"descricao", newName);
+    row.update();
+    transaction.commit();
+}
+
+void remove(Connection &connection, const CentreSide &side, const QString &name)
+{
+    Transaction transaction(connection);
+    connection.execute(u"Delete FROM "_s + side.table + hasName(name));
+    transaction.commit();
+}
+
+std::vector<CentreLine> summary(Connection &connection, const CentreSide &side, const QStringList &names)
+{
+    const SumsByDescription groups = sumsByDescription(connection, side);
+    QHash<QString, CentreSums> byFoldedName;
+    for (const auto &[description, sums] : groups)
+        byFoldedName[textorder::folded(QString::fromStdString(description))] += sums;
+
+    std::vector<CentreLine> lines;
+    for (const QString &name : names) {
+        CentreLine line{name, {}};
+        if (const LikePattern pattern(name); !pattern.hasWildcards()) {
+            line.sums = byFoldedName.value(textorder::folded(name));
+        } else {
+            for (const auto &[description, sums] : groups)
+                if (pattern.matches(std::string_view(description)))
+                    line.sums += sums;
+        }
+        lines.push_back(std::move(line));
+    }
+    return lines;
+}
+
+CentreSums total(const std::vector<CentreLine> &lines)
+{
+    CentreSums sums;
+    for (const CentreLine &line : lines)
+        sums += line.sums;
+    return sums;
+}
+
+QString totalsText(const CentreSide &side, const CentreSums &total)
+{
+    return totals(side, total).join(u" - "_s);
+}
+
+std::vector<Column> columns(const CentreSide &side)
+{
+    return {{u"nome"_s, side.caption, CellKind::Text, 220},
+            {u"pendentes"_s, u"Pendentes"_s, CellKind::Text, 140},
+            {u"concluidas"_s, u"Concluídas"_s, CellKind::Text, 140},
+            {u"total"_s, u"Total"_s, CellKind::Text, 140}};
+}
+
+RowStore rows(const std::vector<CentreLine> &lines)
+{
+    RowStore store(4);
+    for (const auto &[name, sums] : lines) {
+        const std::string cells[] = {name.toStdString(),
+                                     amount(sums.pendingCount, sums.pending).toStdString(),
+                                     amount(sums.settledCount, sums.settled).toStdString(),
+                                     amount(sums.count(), sums.total()).toStdString()};
+        store.append({cells[0], cells[1], cells[2], cells[3]});
+    }
+    return store;
+}
+
+Report report(const CentreSide &side, const std::vector<CentreLine> &lines)
+{
+    Report report;
+    report.title = side.summaryTitle;
+    for (const auto &[name, sums] : lines)
+        report.lines << side.nameLabel + name << u"Pendentes: "_s + amount(sums.pendingCount, sums.pending)
+                     << u"Concluídas: "_s + amount(sums.settledCount, sums.settled)
+                     << u"Total: "_s + amount(sums.count(), sums.total()) << QString();
+    report.statistics = totals(side, total(lines)).join(u'\n');
+    return report;
+}
+
+} // namespace centres

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "data/money.h"
+#include "data/rowstore.h"
+#include "entries/centreside.h"
+#include "reports/report.h"
+
+#include <QStringList>
+
+#include <vector>
+
+class Connection;
+
+/// What the entries of one centre, or of all, add up to.
+struct CentreSums
+{
+    qint64 pendingCount = 0, settledCount = 0;
+    Money pending, settled;
+
+    qint64 count() const { return pendingCount + settledCount; }
+    Money total() const { return pending + settled; }
+    CentreSums &operator+=(const CentreSums &other);
+};
+
+/// One line of the summary.
+struct CentreLine
+{
+    QString name;
+    CentreSums sums;
+};
+
+/// The chart of accounts: centres are names, and an entry belongs to every centre whose name its description
+/// is like.
+namespace centres {
+
+QStringList names(Connection &connection, const CentreSide &side);
+void add(Connection &connection, const CentreSide &side, const QString &name);
+/// Entries keep the old name. Throws Error when the centre is no longer there.
+void rename(Connection &connection, const CentreSide &side, const QString &oldName, const QString &newName);
+/// Entries are left as they are.
+void remove(Connection &connection, const CentreSide &side, const QString &name);
+
+/// A line for each of `names`, in their order: what a query with `descricao like` the name would add up, all
+/// in one pass over the entries. Every entry that is not pending counts as settled.
+std::vector<CentreLine> summary(Connection &connection, const CentreSide &side, const QStringList &names);
+CentreSums total(const std::vector<CentreLine> &lines);
+/// The line under the summary list.
+QString totalsText(const CentreSide &side, const CentreSums &total);
+
+std::vector<Column> columns(const CentreSide &side);
+RowStore rows(const std::vector<CentreLine> &lines);
+/// The summary as it is saved and printed: a paragraph with labels for each centre, then the totals.
+Report report(const CentreSide &side, const std::vector<CentreLine> &lines);
+
+} // namespace centres

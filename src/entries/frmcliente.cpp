@@ -1,0 +1,171 @@
+#include "entries/frmcliente.h"
+#include "ui_frmcliente.h"
+
+#include "entries/frmcadcli.h"
+#include "reports/frmexportar.h"
+#include "settings/database.h"
+#include "stock/frmconfetiqueta.h"
+#include "widgets/background.h"
+#include "widgets/formkeys.h"
+#include "widgets/frmcarregando.h"
+#include "widgets/messages.h"
+
+#include <QDesktopServices>
+#include <QToolBar>
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString waitText =
+    u"Por favor aguarde enquanto o software carrega os dados, este processo pode demorar dependendo "
+    "do tamanho do banco de dados."_s;
+
+}
+
+frmCliente::frmCliente(const ContactSide &side, QWidget *parent)
+    : QDialog(parent, Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
+      m_ui(std::make_unique<Ui::frmCliente>()),
+      m_side(side)
+{
+    m_ui->setupUi(this);
+    setObjectName(side.listName);
+    setWindowTitle(side.listCaption);
+    setAttribute(Qt::WA_DeleteOnClose);
+    background::apply(this);
+    formkeys::enterMovesOn(this);
+    m_ui->lstcontato->setColumns(contact::columns(side));
+    m_ui->lstcontato->setEmptyText(u"Nenhum cadastro encontrado"_s);
+    m_ui->cbofiltro->addItems(contact::filterChoices(side));
+    m_ui->cboordenar->addItems(contact::sortChoices(side));
+    m_ui->cboordem->addItems(contact::directionChoices());
+
+    for (QAction *action : {m_ui->novo, m_ui->editar, m_ui->remover, m_ui->mnuemail, m_ui->mnumaladireta})
+        m_ui->lstcontato->addAction(action);
+    for (QAction *action : m_ui->tbrbarra->actions())
+        if (!action->isSeparator())
+            m_ui->tbrbarra->widgetForAction(action)->setObjectName(action->objectName());
+    connectCommands();
+}
+
+frmCliente::~frmCliente() = default;
+
+frmCliente *frmCliente::open(const ContactSide &side, QWidget *parent)
+{
+    if (auto *shown = parent ? parent->findChild<frmCliente *>(side.listName) : nullptr) {
+        shown->raise();
+        shown->activateWindow();
+        return shown;
+    }
+    auto screen = std::unique_ptr<frmCliente>(new frmCliente(side, parent));
+    if (!screen->refresh())
+        return nullptr;
+    screen->show();
+    return screen.release();
+}
+
+void frmCliente::connectCommands()
+{
+    connect(m_ui->novo, &QAction::triggered, this,
+            [this] { frmCadCli::openNew(m_side, m_side.newCaption, this); });
+    connect(m_ui->editar, &QAction::triggered, this, &frmCliente::editSelected);
+    connect(m_ui->remover, &QAction::triggered, this, &frmCliente::removeSelected);
+    connect(m_ui->txt, &QAction::triggered, this,
+            [this] { exportar::saveText(this, report(), exportTexts()); });
+    connect(m_ui->html, &QAction::triggered, this,
+            [this] { exportar::saveHtml(this, report(), exportTexts()); });
+    connect(m_ui->imprimir, &QAction::triggered, this, [this] { exportar::print(this, report()); });
+    connect(m_ui->mala, &QAction::triggered, this, &frmCliente::mergeMail);
+    connect(m_ui->mnumaladireta, &QAction::triggered, this, &frmCliente::mergeMail);
+    connect(m_ui->mnuemail, &QAction::triggered, this, &frmCliente::writeEmail);
+    connect(m_ui->lstcontato, &ListView::rowActivated, m_ui->editar, &QAction::trigger);
+    connect(m_ui->lstcontato, &ListView::removeRequested, m_ui->remover, &QAction::trigger);
+
+    connect(m_ui->txtfiltro, &QLineEdit::textChanged, this, &frmCliente::refresh);
+    connect(m_ui->cbofiltro, &QComboBox::currentTextChanged, this, [this] {
+        if (!m_ui->txtfiltro->text().isEmpty())
+            refresh();
+    });
+    for (const QComboBox *box : {m_ui->cboordenar, m_ui->cboordem})
+        connect(box, &QComboBox::currentTextChanged, this, &frmCliente::refresh);
+    connect(&Changes::instance(), &Changes::changed, this, [this](Subject subject) {
+        if (subject == m_side.subject)
+            refresh();
+    });
+}
+
+ContactFilter frmCliente::filter() const
+{
+    return {m_ui->cbofiltro->currentText(), m_ui->txtfiltro->text(), m_ui->cboordenar->currentText(),
+            m_ui->cboordem->currentText()};
+}
+
+bool frmCliente::refresh()
+{
+    QWidget *over = isVisible() ? this : parentWidget();
+    return messages::guarded(over, messages::generalPrefix, [&] {
+        WaitProgress progress(over, m_side.listCaption, waitText);
+        m_ui->lstcontato->setRows(
+            contact::rows(openDatabase(), m_side, contact::query(m_side, filter()), &progress));
+        m_ui->lbltopo->setText(contact::heading(m_side, filter()));
+    });
+}
+
+QString frmCliente::selectedOrTell()
+{
+    const int row = m_ui->lstcontato->selectedRow();
+    if (row >= 0)
+        return m_ui->lstcontato->cell(row, 0);
+    messages::information(this, m_side.listCaption, m_side.selectMessage);
+    return {};
+}
+
+void frmCliente::editSelected()
+{
+    if (const QString code = selectedOrTell(); !code.isEmpty())
+        frmCadCli::openEdit(m_side, code, this);
+}
+
+void frmCliente::removeSelected()
+{
+    const QString code = selectedOrTell();
+    if (code.isEmpty() ||
+        !messages::question(this, u"Remover"_s,
+                            u"Tem certeza que deseja remover o item selecionado do banco de dados?"_s))
+        return;
+    if (messages::guarded(this, messages::generalPrefix,
+                          [&] { contact::remove(openDatabase(), m_side, code); }))
+        Changes::announce(m_side.subject);
+}
+
+void frmCliente::writeEmail()
+{
+    if (selectedOrTell().isEmpty())
+        return;
+    const int row = m_ui->lstcontato->selectedRow();
+    QDesktopServices::openUrl(
+        QUrl(u"mailto:"_s + m_ui->lstcontato->cell(row, contact::emailColumn(m_side)).trimmed()));
+}
+
+void frmCliente::mergeMail()
+{
+    frmConfEtiqueta::open(u"Select * from "_s + m_side.table, this);
+}
+
+Report frmCliente::report() const
+{
+    const bool filtered = !filter().text.isEmpty();
+    return {.title = m_side.reportTitle,
+            .subtitle = {},
+            .filterText = filtered ? m_ui->lbltopo->text() : QString(),
+            .tables = {m_ui->lstcontato->tableSource()},
+            .lines = {},
+            .statistics = m_side.totalWords + QString::number(m_ui->lstcontato->rowCount())};
+}
+
+ExportTexts frmCliente::exportTexts() const
+{
+    return {m_side.saveTextTitle, u"Arquivos de Texto(*.txt)"_s, m_side.saveHtmlTitle,
+            u"Arquivos HTML(*.html)"_s};
+}

@@ -1,0 +1,151 @@
+#include "entries/periodview.h"
+
+#include "bank/movementlist.h"
+#include "data/dates.h"
+#include "entries/entrylist.h"
+#include "settings/listlayout.h"
+#include "settings/settings.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The words for one period.
+struct PeriodWords
+{
+    QString title;   ///< "Movimento do dia"
+    QString summary; ///< "hoje"
+    QString shown;   ///< pattern of the date as the user reads it
+};
+
+const PeriodWords &words(ViewPeriod period)
+{
+    static const PeriodWords all[] = {{u"Movimento do dia"_s, u"hoje"_s, u"dd/MM/yyyy"_s},
+                                      {u"Movimento do mês"_s, u"neste mês"_s, u"MM/yyyy"_s},
+                                      {u"Movimento anual"_s, u"neste ano"_s, u"yyyy"_s}};
+    return all[std::size_t(period)];
+}
+
+ViewList loadEntries(Connection &connection, const Side &side, const QString &query, Progress *progress)
+{
+    EntryList list = entrylist::load(connection, side, query, progress);
+    return {std::move(list.rows), {list.totals.count, list.totals.settled, list.totals.pending}};
+}
+
+ViewList loadMovements(Connection &connection, const QString &query, Progress *progress)
+{
+    MovementList list = movementlist::load(connection, query, progress);
+    const qint64 count = list.rows.rowCount();
+    return {std::move(list.rows), {count, list.totals.settled, list.totals.pending}};
+}
+
+QString condition(ViewPeriod period, QDate today)
+{
+    switch (period) {
+    case ViewPeriod::Day:
+        return u"(data like '"_s + dates::stored(today) + u"')"_s;
+    case ViewPeriod::Month:
+        return u"(data like '%"_s + today.toString(u"yyyy/MM"_s) + u"/%')"_s;
+    case ViewPeriod::Year:
+        break;
+    }
+    return u"(data like '%"_s + today.toString(u"yyyy"_s) + u"/%')"_s;
+}
+
+QString orderText()
+{
+    const bool descending = settings::value(settings::viewOrder).compare(u"DESC"_s, Qt::CaseInsensitive) == 0;
+    return u" order by Data "_s + (descending ? u"DESC"_s : u"ASC"_s);
+}
+
+} // namespace
+
+const ViewKind &payableView()
+{
+    static const ViewKind kind{
+        .subject = payable().subject,
+        .table = payable().table,
+        .titleWords = u" de contas a pagar"_s,
+        .totalWords = u"Total de despesas: R$ "_s,
+        .heading = u"CONTAS A PAGAR"_s,
+        .loadingTitle = payable().loadingTitle,
+        .limitedBySetting = false,
+        .layout = listlayout::payables(),
+        .columns = [] { return entrylist::columns(payable()); },
+        .load = [](Connection &connection, const QString &query,
+                   Progress *progress) { return loadEntries(connection, payable(), query, progress); },
+    };
+    return kind;
+}
+
+const ViewKind &receivableView()
+{
+    static const ViewKind kind{
+        .subject = receivable().subject,
+        .table = receivable().table,
+        .titleWords = u" de contas a receber"_s,
+        .totalWords = u"Total de lucros: R$ "_s,
+        .heading = u"CONTAS A RECEBER"_s,
+        .loadingTitle = receivable().loadingTitle,
+        .limitedBySetting = false,
+        .layout = listlayout::receivables(),
+        .columns = [] { return entrylist::columns(receivable()); },
+        .load = [](Connection &connection, const QString &query,
+                   Progress *progress) { return loadEntries(connection, receivable(), query, progress); },
+    };
+    return kind;
+}
+
+const ViewKind &bankView()
+{
+    static const ViewKind kind{
+        .subject = Subject::Movements,
+        .table = u"bancario"_s,
+        .titleWords = u" - bancário"_s,
+        .totalWords = u"Total de movimento bancário: R$ "_s,
+        .heading = u"MOVIMENTO BANCÁRIO"_s,
+        .loadingTitle = movementlist::loadingTitle.toString(),
+        .limitedBySetting = true,
+        .layout = listlayout::movements(),
+        .columns = movementlist::columns,
+        .load = loadMovements,
+    };
+    return kind;
+}
+
+namespace periodview {
+
+ViewPeriod shownPeriod(const ViewKind &kind, ViewPeriod period)
+{
+    const bool monthOnly = kind.limitedBySetting && settings::value(settings::bankViewPeriod) == u"1";
+    return monthOnly ? std::min(period, ViewPeriod::Month) : period; // "2", the year, contains every period
+}
+
+QString title(const ViewKind &kind, ViewPeriod period)
+{
+    return words(period).title + kind.titleWords;
+}
+
+QString periodText(ViewPeriod period, QDate today)
+{
+    return u"Período: "_s + today.toString(words(period).shown);
+}
+
+QString query(const ViewKind &kind, ViewPeriod period, QDate today)
+{
+    return u"SELECT * FROM "_s + kind.table + u" where"_s + condition(period, today) + orderText();
+}
+
+QString summary(const ViewKind &kind, ViewPeriod period, const ViewTotals &totals)
+{
+    if (totals.count == 0)
+        return u"0 cadastros  -  Total de movimento: 0,00  -  Total Conluido: 0,00  -  Total pendente: 0,00"_s;
+    return u"Total de cadastros "_s + words(period).summary + u" ("_s + QString::number(totals.count) +
+           u"): "_s + kind.totalWords + (totals.settled + totals.pending).grouped() +
+           u"  -  Total concluído: "_s + totals.settled.inReais() + u"  -  Total pendente: "_s +
+           totals.pending.inReais();
+}
+
+} // namespace periodview

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "data/changes.h"
+#include "data/money.h"
+#include "data/progress.h"
+#include "data/rowstore.h"
+
+#include <QDate>
+#include <QString>
+
+class Connection;
+struct ListLayoutFile;
+
+/// The period that a view shows; each contains the ones before it.
+enum class ViewPeriod { Day, Month, Year };
+
+struct ViewTotals
+{
+    qint64 count = 0;
+    Money settled, pending;
+};
+
+struct ViewList
+{
+    RowStore rows;
+    ViewTotals totals;
+};
+
+/// Everything in which the period views of payables, receivables and bank movements differ.
+struct ViewKind
+{
+    Subject subject; ///< the view reloads when this changes
+    QString table;
+    QString titleWords; ///< after the period: " de contas a pagar"
+    QString totalWords; ///< "Total de despesas: R$ "
+    QString heading;    ///< of the report
+    QString loadingTitle;
+    bool limitedBySetting; ///< the setting VisualizarDadosBancario narrows the period
+    const ListLayoutFile &layout;
+    std::vector<Column> (*columns)();
+    /// `progress` may be null. Throws Error.
+    ViewList (*load)(Connection &connection, const QString &query, Progress *progress);
+};
+
+const ViewKind &payableView();
+const ViewKind &receivableView();
+const ViewKind &bankView();
+
+namespace periodview {
+
+/// The period that is shown: that of the command, or the month or year that the settings limit the kind to
+/// when that is shorter.
+ViewPeriod shownPeriod(const ViewKind &kind, ViewPeriod period);
+/// "Movimento do dia de contas a pagar", "Movimento anual - bancário".
+QString title(const ViewKind &kind, ViewPeriod period);
+/// "Período: 14/11/2026", "Período: 11/2026" or "Período: 2026".
+QString periodText(ViewPeriod period, QDate today);
+/// The query, ordered as the setting Ordem says.
+QString query(const ViewKind &kind, ViewPeriod period, QDate today);
+QString summary(const ViewKind &kind, ViewPeriod period, const ViewTotals &totals);
+
+} // namespace periodview

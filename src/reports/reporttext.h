@@ -1,0 +1,20 @@
+#pragma once
+
+#include "data/progress.h"
+#include "reports/report.h"
+
+class QIODevice;
+
+/// Reports as files. A file is replaced only when the new one is complete; `progress` may be null. All throw
+/// Error::Kind::File.
+namespace reporttext {
+
+/// The product's line on every report.
+inline constexpr QStringView productLine = u"Tavaro organizando a sua vida financeira!";
+
+void writeText(QIODevice &device, const Report &report, Progress *progress);
+void writeHtml(QIODevice &device, const Report &report, Progress *progress);
+void saveText(const QString &path, const Report &report, Progress *progress);
+void saveHtml(const QString &path, const Report &report, Progress *progress);
+
+} // namespace reporttext

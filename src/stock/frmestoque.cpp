@@ -1,0 +1,150 @@
+#include "stock/frmestoque.h"
+#include "ui_frmestoque.h"
+
+#include "reports/frmexportar.h"
+#include "settings/database.h"
+#include "stock/frmcadproduto.h"
+#include "stock/frmlistaestoque.h"
+#include "stock/products.h"
+#include "widgets/background.h"
+#include "widgets/messages.h"
+
+#include <QAction>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const ExportTexts &exportTexts()
+{
+    static const ExportTexts texts{u"Salvar relatório em txt"_s, u"Arquivos de Texto(*.txt)"_s,
+                                   u"Salvar relatório em html"_s, u"Arquivos HTML(*.html)"_s};
+    return texts;
+}
+
+} // namespace
+
+frmestoque::frmestoque(QWidget *parent) : QDialog(parent), m_ui(std::make_unique<Ui::frmestoque>())
+{
+    m_ui->setupUi(this);
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    background::apply(this);
+    m_ui->lstprodutos->setColumns(products::columns());
+    m_ui->lstprodutos->setEmptyText(u"Nenhum produto cadastrado"_s);
+    m_ui->lblprodutoest->setText(ProductList().summary());
+
+    m_sales = new frmlistaestoque(sales(), {u"cbofiltror"_s, u"cbotipor"_s, u"cboprodutor"_s, u"cbocliente"_s,
+                                            u"lstreceber"_s, u"lblreceberest"_s, u"Clie&nte:"_s});
+    m_purchases = new frmlistaestoque(purchases(),
+                                      {u"cbofiltrop"_s, u"cbotipop"_s, u"cboprodutop"_s, u"cbofornecedor"_s,
+                                       u"lstpagar"_s, u"lblpagarest"_s, u"Fo&rnecedor:"_s});
+    for (frmlistaestoque *list : {m_sales, m_purchases})
+        m_ui->tabestoque->addTab(list, u'&' + list->kind().title);
+    connectControls();
+}
+
+frmestoque::~frmestoque() = default;
+
+frmestoque *frmestoque::open(QWidget *parent)
+{
+    auto *screen = parent ? parent->findChild<frmestoque *>() : nullptr;
+    if (!screen || !screen->isVisible()) {
+        screen = new frmestoque(parent);
+        screen->show();
+        screen->loadProducts();
+        screen->m_sales->refresh();
+        screen->m_purchases->refresh();
+    }
+    screen->raise();
+    screen->activateWindow();
+    return screen;
+}
+
+void frmestoque::connectControls()
+{
+    connect(m_ui->cmdnovoproduto, &QPushButton::clicked, this, [this] { frmcadproduto::openNew(this); });
+    connect(m_ui->cmdalterarproduto, &QPushButton::clicked, this, &frmestoque::editSelected);
+    connect(m_ui->cmdremoverproduto, &QPushButton::clicked, this, &frmestoque::removeSelected);
+    connect(m_ui->lstprodutos, &ListView::rowActivated, this, &frmestoque::editSelected);
+    connect(m_ui->lstprodutos, &ListView::removeRequested, this, &frmestoque::removeSelected);
+    m_ui->lstprodutos->setContextMenuPolicy(Qt::ActionsContextMenu);
+    for (QPushButton *button : {m_ui->cmdnovoproduto, m_ui->cmdalterarproduto, m_ui->cmdremoverproduto}) {
+        auto *command = new QAction(button->icon(), button->text(), m_ui->lstprodutos);
+        connect(command, &QAction::triggered, button, &QPushButton::click);
+        m_ui->lstprodutos->addAction(command);
+    }
+    connect(m_ui->cmdimprimir, &QPushButton::clicked, this, [this] { exportar::print(this, report()); });
+    connect(m_ui->cmdtxt, &QPushButton::clicked, this,
+            [this] { exportar::saveText(this, report(), exportTexts()); });
+    connect(m_ui->cmdhtml, &QPushButton::clicked, this,
+            [this] { exportar::saveHtml(this, report(), exportTexts()); });
+    connect(m_ui->cmdfechar, &QPushButton::clicked, this, &QDialog::close);
+    connect(&Changes::instance(), &Changes::changed, this, &frmestoque::dataChanged);
+}
+
+void frmestoque::loadProducts()
+{
+    messages::guarded(this, messages::generalPrefix, [this] {
+        ProductList products = products::list(openDatabase());
+        m_ui->lblprodutoest->setText(products.summary());
+        m_ui->lstprodutos->setRows(std::move(products.rows));
+    });
+}
+
+void frmestoque::dataChanged(Subject subject)
+{
+    if (subject == Subject::Receivables)
+        m_sales->refresh();
+    else if (subject == Subject::Payables)
+        m_purchases->refresh();
+    else if (subject != Subject::Products)
+        return;
+    loadProducts(); // entries move the stock, too
+}
+
+QString frmestoque::selectedOrTell()
+{
+    const int row = m_ui->lstprodutos->selectedRow();
+    if (row >= 0)
+        return m_ui->lstprodutos->cell(row, 0);
+    if (m_ui->lstprodutos->rowCount() > 0)
+        messages::information(this, u"Produtos"_s, u"Selecione um produto na lista."_s);
+    return {};
+}
+
+void frmestoque::editSelected()
+{
+    const QString name = selectedOrTell();
+    if (!name.isEmpty())
+        frmcadproduto::openEdit(name, this);
+}
+
+void frmestoque::removeSelected()
+{
+    const QString name = selectedOrTell();
+    if (name.isEmpty())
+        return;
+    const bool removed = messages::guarded(this, u"Ocorreu o seguinte erro ao tentar remover os dados: ",
+                                           [&] { products::remove(openDatabase(), name); });
+    if (removed)
+        Changes::announce(Subject::Products);
+}
+
+Report frmestoque::report()
+{
+    Report report;
+    report.title = windowTitle();
+    auto *filtered = qobject_cast<frmlistaestoque *>(m_ui->tabestoque->currentWidget());
+    if (filtered) {
+        report.subtitle = filtered->kind().title;
+        report.filterText = filtered->filterText();
+        report.tables = {filtered->list().tableSource()};
+        report.statistics = filtered->totals();
+    } else {
+        report.subtitle = u"Produtos"_s;
+        report.tables = {m_ui->lstprodutos->tableSource()};
+        report.statistics = m_ui->lblprodutoest->text();
+    }
+    return report;
+}

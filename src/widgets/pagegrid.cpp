@@ -1,0 +1,187 @@
+#include "widgets/pagegrid.h"
+
+#include <QPagedPaintDevice>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double gapInEms = 1.2;
+constexpr double widestTextInEms = 28; ///< a long note does not make the whole page wide
+constexpr double narrowestTextInEms =
+    7; ///< a text is not cut off below this before the letters become smaller
+constexpr double smallestScale = 0.6;
+constexpr int measuredRows = 500;
+
+/// What a column's values take: the longest one of all, and the widest of an even choice of rows.
+class ValueWidths
+{
+public:
+    ValueWidths(const TableSource &list, const PageFont &font) : m_widths(std::size_t(list.columnCount()))
+    {
+        std::vector<std::size_t> longest(m_widths.size());
+        const int step = std::max(1, list.rowCount() / measuredRows);
+        std::string buffer;
+        for (int row = 0; row < list.rowCount(); ++row) {
+            for (int column = 0; column < list.columnCount(); ++column) {
+                const std::size_t length = list.utf8(row, column, buffer).size();
+                const bool isLonger = length > longest[std::size_t(column)];
+                if (!isLonger && row % step != 0)
+                    continue;
+                double &width = m_widths[std::size_t(column)];
+                width = std::max(width, font.width(printedValue(list, row, column)));
+                longest[std::size_t(column)] = std::max(longest[std::size_t(column)], length);
+            }
+        }
+    }
+    double of(int column) const { return column < 0 ? 0 : m_widths[std::size_t(column)]; }
+
+private:
+    std::vector<double> m_widths;
+};
+
+bool isAmount(CellKind kind)
+{
+    return kind == CellKind::Money || kind == CellKind::Number;
+}
+
+} // namespace
+
+PageFont::PageFont(const QString &family, double points, bool bold, QPagedPaintDevice &device)
+    : font(family), metrics(font), m_device(&device)
+{
+    font.setPointSizeF(points);
+    font.setBold(bold);
+    metrics = QFontMetricsF(font, &device);
+}
+
+QString PageFont::fitted(const QString &text, double width) const
+{
+    // Measuring costs far more than counting, and few texts need it.
+    if (double(text.size()) * metrics.height() <= width || metrics.horizontalAdvance(text) <= width)
+        return text;
+    return metrics.elidedText(text, Qt::ElideRight, width);
+}
+
+QStringList PageFont::wrapped(const QString &text, double width) const
+{
+    if (double(text.size()) * metrics.height() <= width || metrics.horizontalAdvance(text) <= width)
+        return {text};
+    QTextLayout layout(text, font, m_device);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    QStringList lines;
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        lines << text.sliced(line.textStart(), line.textLength());
+    }
+    layout.endLayout();
+    return lines;
+}
+
+PageGrid::PageGrid(const PageTable &table, const PageDocument &document, QPagedPaintDevice &device,
+                   double pageWidth)
+    : m_table(table),
+      m_device(device),
+      m_family(document.fontFamily),
+      m_points(document.fontSize),
+      m_font(m_family, m_points, false, device),
+      m_boldFont(m_family, m_points, true, device)
+{
+    const TableSource &list = *table.list;
+    std::vector<int> columns = table.form.cells;
+    if (columns.empty()) {
+        columns.resize(std::size_t(list.columnCount()));
+        std::iota(columns.begin(), columns.end(), 0);
+    }
+    const ValueWidths values(list, m_font);
+    const double widestText = widestTextInEms * m_font.width(u"M"_s);
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const int column = columns[i] < list.columnCount() ? columns[i] : -1;
+        const CellKind kind = column < 0 ? CellKind::Text : list.kind(column);
+        QString heading = table.form.headings.value(qsizetype(i));
+        if (heading.isNull() && column >= 0)
+            heading = list.heading(column);
+        double width = values.of(column);
+        if (kind == CellKind::Text)
+            width = std::min(width, widestText);
+        if (table.form.showHeadings)
+            width = std::max(width, m_boldFont.width(heading));
+        m_cells.push_back({.column = column,
+                           .heading = heading,
+                           .rightAligned = isAmount(kind),
+                           .isText = kind == CellKind::Text,
+                           .x = 0,
+                           .width = std::ceil(width)});
+    }
+    fit(pageWidth);
+}
+
+void PageGrid::setScale(double scale)
+{
+    m_font = PageFont(m_family, m_points * scale, false, m_device);
+    m_boldFont = PageFont(m_family, m_points * scale, true, m_device);
+    for (Cell &cell : m_cells)
+        cell.width *= scale;
+}
+
+/// Makes the letters as small as needed for texts of a sensible least width, then cuts the widest texts.
+void PageGrid::fit(double pageWidth)
+{
+    const double em = m_font.width(u"M"_s);
+    const double gaps = gapInEms * em * double(m_cells.size() - 1);
+    double least = gaps;
+    m_naturalWidth = gaps;
+    for (const Cell &cell : m_cells) {
+        m_naturalWidth += cell.width;
+        least += cell.isText ? std::min(cell.width, narrowestTextInEms * em) : cell.width;
+    }
+    const double scale = least > pageWidth ? std::max(smallestScale, pageWidth / least) : 1.0;
+    if (scale < 1.0)
+        setScale(scale);
+
+    double excess = m_naturalWidth * scale - pageWidth;
+    while (excess > 0.5) {
+        // The widest texts lose width down to the next widest, until all fits or no text has any to lose.
+        double widest = 0, next = narrowestTextInEms * em * scale;
+        int count = 0;
+        for (const Cell &cell : m_cells)
+            widest = cell.isText ? std::max(widest, cell.width) : widest;
+        if (widest <= next)
+            break;
+        for (const Cell &cell : m_cells) {
+            if (cell.isText && cell.width < widest)
+                next = std::max(next, cell.width);
+            count += cell.isText && cell.width >= widest ? 1 : 0;
+        }
+        const double cut = std::min(widest - next, excess / count);
+        for (Cell &cell : m_cells)
+            cell.width -= cell.isText && cell.width >= widest ? cut : 0;
+        excess -= cut * count;
+    }
+    double x = 0;
+    for (Cell &cell : m_cells) {
+        cell.x = x;
+        x += cell.width + gapInEms * em * scale;
+    }
+    // Too many columns for any paper: all share what there is.
+    const double squeeze = excess > 0.5 ? pageWidth / (pageWidth + excess) : 1.0;
+    for (Cell &cell : m_cells) {
+        cell.x *= squeeze;
+        cell.width *= squeeze;
+    }
+}
+
+QString printedValue(const TableSource &list, int row, int column)
+{
+    const QString value =
+        column >= 0 && column < list.columnCount() ? list.cell(row, column).simplified() : QString();
+    return value.isEmpty() ? u"-"_s : value;
+}

@@ -1,0 +1,240 @@
+#include "bank/accounts.h"
+#include "bank/movement.h"
+#include "support/shop.h"
+#include "widgets/listview.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Accounts whose name order is not their table order, each with 1.000,00.
+void addAccounts(TestProgram &program)
+{
+    accounts::add(program.database(), {u"Cofre"_s, u"1000"_s, u""_s});
+    accounts::add(program.database(), {u"Banco"_s, u"1000"_s, u""_s});
+}
+
+QString balances(TestProgram &program)
+{
+    QStringList texts;
+    for (const AccountBalance &account : accounts::balances(program.database(), true, nullptr))
+        texts << account.name + u' ' + account.current.grouped();
+    return texts.join(u", "_s);
+}
+
+QString movements(TestProgram &program)
+{
+    return program.rows(
+        u"select código, data, movimento, origem, destino, valor, estatus, informacoes from bancario"_s);
+}
+
+MovementForm deposit(const QString &status)
+{
+    return {.date = u"14/11/2026"_s,
+            .value = u"R$ 100,00"_s,
+            .kind = movement::deposit.toString(),
+            .origin = u"Cofre"_s,
+            .destination = u"Banco"_s,
+            .status = status,
+            .notes = u" nota "_s};
+}
+
+} // namespace
+
+class tst_movements : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void newScreenStartsAndTellsWhatIsMissing();
+    void savingATransferMovesBothBalances();
+    void kindTypedInLowerCaseIsNoTransfer();
+    void withoutAccounts();
+    void editing();
+    void editingAMovementThatIsGone();
+    void removingSeveral();
+    void selectedRowIsAskedFor();
+};
+
+void tst_movements::newScreenStartsAndTellsWhatIsMissing()
+{
+    Shop shop;
+    addAccounts(shop.program);
+    shop.open();
+    shop.command(u"mnucadbancario"_s);
+    QVERIFY(shop.screen(u"frmmovimentobanc"_s));
+    const QString fields[] = {u"txtdata"_s,   u"txtvalor"_s,   u"cbomovimento"_s,
+                              u"cboorigem"_s, u"cbodestino"_s, u"cboestatus"_s};
+    QStringList shown;
+    for (const QString &field : fields)
+        shown << shop.text(field);
+    QCOMPARE(shown.join(u'|'),
+             u"14/11/2026||Depósito|Banco|Banco|Pendente"_s); // the last account of the table
+    QCOMPARE(shop.find<QComboBox>(u"cboorigem"_s)->itemText(0), u"Cofre"_s);
+    QVERIFY(!shop.find<QComboBox>(u"cbodestino"_s)->isEnabled());
+
+    shop.press(u"cmdadicionar"_s);
+    shop.type(u"txtvalor"_s, u","_s);
+    QCOMPARE(shop.text(u"txtvalor"_s), u"R$ 0,00"_s);
+    shop.find<QLineEdit>(u"txtdata"_s)->clear();
+    shop.press(u"cmdadicionar"_s);
+    QCOMPARE(
+        shop.boxes.seen().join(u'\n'),
+        u"exclamation | Erro | O campo valor deve preenchido!\nexclamation | Erro | O campo data deve preenchido!"_s);
+    QVERIFY(shop.find<QPushButton>(u"cmdadicionar"_s)->isEnabled());
+    shop.type(u"txtdata"_s, u"31022026"_s);
+    shop.press(u"cmdadicionar"_s);
+    QVERIFY(shop.boxes.seen().value(0).startsWith(
+        u"critical | Erro | Ocorreu o seguinte erro ao tentar cadastrar os dados: a data"_s));
+    QCOMPARE(movements(shop.program), QString());
+
+    shop.type(u"txtdata"_s, u"01112026"_s);
+    shop.press(u"cmdadicionar"_s);
+    QVERIFY(!shop.screen(u"frmmovimentobanc"_s));
+    QCOMPARE(movements(shop.program), u"1 | 2026/11/01 | Depósito | Banco |  -  | 0,00 | Pendente |  \n"_s);
+}
+
+void tst_movements::savingATransferMovesBothBalances()
+{
+    Shop shop;
+    addAccounts(shop.program);
+    shop.open();
+    shop.command(u"cmdadicionarm"_s);
+    shop.choose(u"cbomovimento"_s, u"Transferência entre contas"_s);
+    QVERIFY(shop.find<QComboBox>(u"cbodestino"_s)->isEnabled());
+    shop.type(u"txtvalor"_s, u"250,5"_s);
+    QCOMPARE(shop.text(u"txtvalor"_s), u"R$ 250,50"_s);
+    shop.type(u"cboorigem"_s, u"Cofre"_s);
+    shop.choose(u"cboestatus"_s, u"Concluído"_s);
+    shop.press(u"cmdadicionar"_s);
+    QVERIFY(shop.boxes.seen().isEmpty());
+    QCOMPARE(movements(shop.program),
+             u"1 | 2026/11/14 | Transferência entre contas | Cofre | Banco | 250,50 | Concluído |  \n"_s);
+    QCOMPARE(shop.tab(), int(frmPrincipal::MovementsTab));
+    QCOMPARE(
+        shop.label(u"lbltotalm"_s),
+        u"Depósitos: R$ 0,00 (0 cad.) - Retiradas: R$ 0,00 (0 cad.) - Transferência: R$ 250,50 (1 cad.)"_s);
+    QCOMPARE(shop.list(u"lstcaixabanco"_s)->cell(0, 1), u"R$ 749,50"_s);
+    QCOMPARE(shop.list(u"lstcaixabanco"_s)->cell(1, 1), u"R$ 1.250,50"_s);
+}
+
+void tst_movements::kindTypedInLowerCaseIsNoTransfer()
+{
+    Shop shop;
+    addAccounts(shop.program);
+    shop.open();
+    shop.command(u"cmdadicionarm"_s);
+    shop.type(u"cbomovimento"_s, u"transferência entre contas"_s);
+    QVERIFY(shop.find<QComboBox>(u"cbodestino"_s)->isEnabled());
+    shop.type(u"cboorigem"_s, u"Cofre"_s);
+    shop.type(u"txtvalor"_s, u"10"_s);
+    shop.choose(u"cboestatus"_s, u"Concluído"_s);
+    shop.press(u"cmdadicionar"_s);
+    QCOMPARE(movements(shop.program),
+             u"1 | 2026/11/14 | transferência entre contas | Cofre |  -  | 10,00 | Concluído |  \n"_s);
+    QCOMPARE(balances(shop.program), u"Cofre 1.000,00, Banco 1.000,00"_s);
+}
+
+void tst_movements::withoutAccounts()
+{
+    Shop shop;
+    shop.open();
+    shop.command(u"cmdadicionarm"_s);
+    shop.choose(u"cbomovimento"_s, u"Transferência entre contas"_s);
+    shop.type(u"txtvalor"_s, u"1"_s);
+    shop.press(u"cmdadicionar"_s);
+    QCOMPARE(movements(shop.program),
+             u"1 | 2026/11/14 | Transferência entre contas | - |  | 1,00 | Pendente |  \n"_s);
+}
+
+void tst_movements::editing()
+{
+    Shop shop;
+    addAccounts(shop.program);
+    movement::add(shop.program.database(), deposit(u"Pendente"_s));
+    QCOMPARE(balances(shop.program), u"Cofre 1.000,00, Banco 1.000,00"_s);
+    shop.open();
+    shop.list(u"lstmovimento"_s)->selectRow(0);
+    QTest::keyClick(shop.list(u"lstmovimento"_s), Qt::Key_Return);
+    QVERIFY(shop.screen(u"frmeditarbancario"_s));
+    QCOMPARE(shop.find<QComboBox>(u"cboorigem"_s)->itemText(0), u"Banco"_s);
+    QCOMPARE(shop.text(u"cboorigem"_s), u"Cofre"_s);
+    QCOMPARE(shop.text(u"txtvalor"_s), u"R$ 100,00"_s);
+    shop.find<QLineEdit>(u"txtvalor"_s)->clear();
+    shop.press(u"cmdeditar"_s);
+    shop.type(u"txtvalor"_s, u"80"_s);
+    shop.find<QLineEdit>(u"txtdata"_s)->clear();
+    shop.press(u"cmdeditar"_s);
+    QCOMPARE(shop.boxes.seen().join(u'\n'), u"exclamation | Erro | O campo valor deve ser preenchido!\n"
+                                            "exclamation | Erro | O campo data deve ser preenchido!"_s);
+    shop.type(u"txtdata"_s, u"15112026"_s);
+    shop.choose(u"cboestatus"_s, u"Concluído"_s);
+    shop.press(u"cmdeditar"_s);
+    QCOMPARE(movements(shop.program),
+             u"1 | 2026/11/15 | Depósito | Cofre |  -  | 80,00 | Concluído | nota \n"_s);
+    QCOMPARE(shop.list(u"lstcaixabanco"_s)->cell(0, 1), u"R$ 1.080,00"_s);
+}
+
+void tst_movements::editingAMovementThatIsGone()
+{
+    Shop shop;
+    movement::add(shop.program.database(), deposit(u"Pendente"_s));
+    shop.open();
+    shop.list(u"lstmovimento"_s)->selectRow(0);
+    shop.command(u"cmdalterarm"_s);
+    movement::remove(shop.program.database(), {1});
+    shop.press(u"cmdeditar"_s);
+    QVERIFY(shop.screen(u"frmeditarbancario"_s));
+    shop.command(u"cmdalterarm"_s);
+    const QStringList told = shop.boxes.seen();
+    QCOMPARE(told.size(), 2);
+    QVERIFY2(
+        told[0].startsWith(u"critical | Erro | Ocorreu o seguinte erro ao tentar cadastrar os dados: "_s),
+        qPrintable(told[0]));
+    QCOMPARE(told[1], u"information | Editar movimento bancário | Este movimento não existe mais."_s);
+    QCOMPARE(movements(shop.program), QString());
+}
+
+void tst_movements::removingSeveral()
+{
+    Shop shop;
+    addAccounts(shop.program);
+    for (int i = 0; i < 3; ++i)
+        movement::add(shop.program.database(), deposit(u"Concluído"_s));
+    shop.open();
+    QCOMPARE(shop.list(u"lstcaixabanco"_s)->cell(0, 1), u"R$ 1.300,00"_s);
+    ListView *list = shop.list(u"lstmovimento"_s);
+    list->selectRow(0);
+    QTest::keyClick(list, Qt::Key_Down, Qt::ShiftModifier);
+    shop.boxes.answer(QMessageBox::No);
+    QTest::keyClick(list, Qt::Key_Delete);
+    QCOMPARE(list->rowCount(), 3);
+    shop.boxes.answer(QMessageBox::Yes);
+    shop.command(u"cmdremoverm"_s);
+    QCOMPARE(shop.boxes.seen().value(1),
+             u"question | Remover | Tem certeza que deseja remover o item selecionado do banco de dados?"_s);
+    QCOMPARE(shop.program.rows(u"select código from bancario"_s), u"3\n"_s);
+    QCOMPARE(list->rowCount(), 1);
+    QCOMPARE(shop.list(u"lstcaixabanco"_s)->cell(0, 1), u"R$ 1.100,00"_s);
+}
+
+void tst_movements::selectedRowIsAskedFor()
+{
+    Shop shop;
+    shop.open();
+    shop.command(u"cmdalterarm"_s); // an empty list: nothing happens
+    QVERIFY(shop.boxes.seen().isEmpty());
+    movement::add(shop.program.database(), deposit(u"Pendente"_s));
+    shop.command(u"mnuatualizarlistas"_s);
+    shop.command(u"cmdremoverm"_s);
+    QCOMPARE(shop.boxes.seen().join(u'\n'),
+             u"information | Movimento bancário | Selecione um movimento na lista."_s);
+}
+
+QTEST_MAIN(tst_movements)
+#include "tst_movements.moc"

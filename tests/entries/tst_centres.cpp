@@ -1,0 +1,274 @@
+#include "data/clock.h"
+#include "entries/centres.h"
+#include "entries/frmadicionar.h"
+#include "entries/frmcentrocusto.h"
+#include "support/boxes.h"
+#include "support/testprogram.h"
+#include "widgets/listview.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTest>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void addEntry(TestProgram &program, const QString &table, const QString &description, const QString &status,
+              const QString &value)
+{
+    program.run(u"insert into %1 (descricao, estatus, valor) values ('%2', '%3', '%4')"_s.arg(
+        table, QString(description).replace(u'\'', u"''"_s), status, value));
+}
+
+/// One line for each centre: the plain way, a query for each.
+QString queried(TestProgram &program, const CentreSide &side)
+{
+    std::vector<CentreLine> lines;
+    for (const QString &name : centres::names(program.database(), side)) {
+        CentreLine line{name, {}};
+        Statement rows =
+            program.database().prepare(u"select estatus, valor from %1 where (descricao like '%2')"_s.arg(
+                side.entryTable, QString(name).replace(u'\'', u"''"_s)));
+        while (rows.step()) {
+            const bool pending = rows.text(0) == u"Pendente";
+            (pending ? line.sums.pending : line.sums.settled) += Money::stored(rows.utf8(1)).roundedToCents();
+            ++(pending ? line.sums.pendingCount : line.sums.settledCount);
+        }
+        lines.push_back(line);
+    }
+    return centres::report(side, lines).lines.join(u'\n');
+}
+
+QString listed(const ListView &list)
+{
+    QStringList names;
+    for (int row = 0; row < list.rowCount(); ++row)
+        names << list.cell(row, 0);
+    return names.join(u", "_s);
+}
+
+/// The screen on the display, used by the names of its controls.
+class Screen
+{
+public:
+    explicit Screen(const CentreSide &side) : dialog(frmCentroCusto::openFor(side, nullptr)) {}
+    explicit Screen(QDialog *shown) : dialog(shown) {}
+    ~Screen() { delete dialog; }
+
+    template <typename T>
+    T *find(const QString &name) const
+    {
+        return dialog->findChild<T *>(name);
+    }
+    void press(const QString &name) const { find<QPushButton>(name)->click(); }
+    void add(const QString &name) const
+    {
+        find<QLineEdit>(u"txtnome"_s)->setText(name);
+        press(u"cmdcad"_s);
+    }
+    QString centres() const { return listed(*find<ListView>(u"lstcentro"_s)); }
+    void select(int row) const { find<ListView>(u"lstcentro"_s)->selectRow(row); }
+    void showSummary() const { find<QTabWidget>(u"xtab"_s)->setCurrentIndex(1); }
+    QString total() const { return find<QLabel>(u"lbltotal"_s)->text(); }
+
+    QPointer<QDialog> dialog;
+    Boxes boxes;
+};
+
+} // namespace
+
+class tst_centres : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void summaryIsThatOfOneQueryForEachCentre();
+    void reportHasLabels();
+    void namesThatLookAlike();
+    void addingRenamingAndRemoving();
+    void profitScreen();
+    void summaryTab();
+    void quickAddFromAnEntry();
+};
+
+void tst_centres::summaryIsThatOfOneQueryForEachCentre()
+{
+    TestProgram program;
+    const CentreSide &side = costCentres();
+    for (const QString &name : {u"Aluguel"_s, u"ÁGUA"_s, u"agua"_s, u"A%"_s, u"%"_s, u"%%"_s, u"Lu_"_s,
+                                u"água"_s, u"Caixa d'água"_s, u"Sem nada"_s, u"%água"_s, u"Straße"_s})
+        centres::add(program.database(), side, name);
+    const QString spellings[] = {u"Aluguel"_s, u"ALUGUEL"_s,      u"aluguel "_s, u"Água"_s,
+                                 u"AGUA"_s,    u"Luz"_s,          u"lua"_s,      u"Luzes"_s,
+                                 u"A%"_s,      u"caixa D'Água"_s, u""_s,         u"STRASSE"_s};
+    const QString statuses[] = {u"Pendente"_s, u"Concluído"_s, u"pendente"_s, u""_s};
+    const QString values[] = {u"1.234,50"_s, u"0,005"_s, u"-3,00"_s, u"muito"_s, u"R$ 10"_s};
+    for (int i = 0; i < 90; ++i)
+        addEntry(program, side.entryTable, spellings[i % 12], statuses[i % 7 % 4], values[i % 5]);
+    program.run(u"insert into pagar (estatus, valor) values ('Pendente', '7,00')"_s);
+
+    const QString found = centres::report(side, centres::summary(program.database(), side,
+                                                                 centres::names(program.database(), side)))
+                              .lines.join(u'\n');
+    QCOMPARE(found, queried(program, side));
+    QVERIFY(found.contains(
+        u"Centro de custo: Sem nada\nPendentes: 0 (R$ 0,00)\nConcluídas: 0 (R$ 0,00)\nTotal: 0 (R$ 0,00)"_s));
+}
+
+void tst_centres::reportHasLabels()
+{
+    TestProgram program;
+    addEntry(program, u"receber"_s, u"vendas"_s, u"Pendente"_s, u"1.000,00"_s);
+    addEntry(program, u"receber"_s, u"Vendas"_s, u"Concluído"_s, u"250,50"_s);
+    const Report report = centres::report(
+        profitCentres(), centres::summary(program.database(), profitCentres(), {u"Vendas"_s, u"VENDAS"_s}));
+    QCOMPARE(report.title, u"Resumo de centro de lucro"_s);
+    QCOMPARE(
+        report.lines.first(5).join(u'|'),
+        u"Centro de lucro: Vendas|Pendentes: 1 (R$ 1.000,00)|Concluídas: 1 (R$ 250,50)|Total: 2 (R$ 1.250,50)|"_s);
+    QCOMPARE(report.statistics,
+             u"Total de receitas: R$ 2.501,00\nTotal recebido: R$ 501,00\nTotal pendente: R$ 2.000,00"_s);
+}
+
+void tst_centres::namesThatLookAlike()
+{
+    TestProgram program;
+    Connection &connection = program.database();
+    for (const QString &name : {u"Frete"_s, u"FRETE"_s, u"F%"_s, u"Copo d'água"_s})
+        centres::add(connection, costCentres(), name);
+    centres::rename(connection, costCentres(), u"F%"_s, u"Feira"_s);
+    centres::rename(connection, costCentres(), u"FRETE"_s, u"Fretes"_s);
+    centres::rename(connection, costCentres(), u"copo D'ÁGUA"_s, u"Copos"_s);
+    QCOMPARE(program.rows(u"select * from pcontapagar"_s), u"Frete\nFretes\nFeira\nCopos\n"_s);
+    QVERIFY_THROWS_EXCEPTION(Error, centres::rename(connection, costCentres(), u"Luz"_s, u"Água"_s));
+    centres::remove(connection, costCentres(), u"fRETE"_s);
+    centres::remove(connection, costCentres(), u"d'"_s);
+    QCOMPARE(program.rows(u"select * from pcontapagar"_s), u"Fretes\nFeira\nCopos\n"_s);
+}
+
+void tst_centres::addingRenamingAndRemoving()
+{
+    TestProgram program;
+    addEntry(program, u"pagar"_s, u"Aluguel"_s, u"Pendente"_s, u"10,00"_s);
+    Screen screen(costCentres());
+    QCOMPARE(screen.dialog->objectName(), u"frmCentroCusto"_s);
+    QVERIFY(!screen.find<QPushButton>(u"cmdremover"_s)->isEnabled());
+    screen.add(u"  "_s);
+    QCOMPARE(screen.boxes.seen().join(u'\n'),
+             u"exclamation | Erro | O nome do centro de custo não pode estar vazio!"_s);
+    screen.add(u"luz"_s);
+    screen.add(u"Água"_s);
+    screen.add(u"Aluguel"_s);
+    QCOMPARE(screen.centres(), u"Água, Aluguel, luz"_s);
+    QCOMPARE(screen.find<QLineEdit>(u"txtnome"_s)->text(), QString());
+
+    screen.select(1);
+    screen.boxes.input(u" "_s);
+    screen.press(u"cmdeditar"_s);
+    screen.boxes.input(QString());
+    screen.press(u"cmdeditar"_s);
+    QCOMPARE(screen.centres(), u"Água, Aluguel, luz"_s);
+    QCOMPARE(screen.boxes.seen().first(),
+             u"input | Editar centro de custo | Digite o novo nome para este centro de custo"_s);
+    screen.boxes.input(u"Moradia"_s);
+    screen.press(u"cmdeditar"_s);
+    QCOMPARE(screen.centres(), u"Água, luz, Moradia"_s);
+    QCOMPARE(program.rows(u"select descricao from pagar"_s), u"Aluguel\n"_s);
+
+    screen.select(1);
+    screen.boxes.seen();
+    screen.boxes.answer(QMessageBox::No);
+    screen.press(u"cmdremover"_s);
+    QCOMPARE(
+        screen.boxes.seen().join(u'\n'),
+        u"question | Remover | Tem certeza que deseja remover o centro de custo luz do banco de dados?"_s);
+    screen.boxes.answer(QMessageBox::Yes);
+    screen.press(u"cmdremover"_s);
+    QCOMPARE(screen.centres(), u"Água, Moradia"_s);
+    QCOMPARE(program.rows(u"select * from pcontapagar"_s), u"Água\nMoradia\n"_s);
+}
+
+void tst_centres::profitScreen()
+{
+    TestProgram program;
+    Screen screen(profitCentres());
+    QCOMPARE(screen.dialog->objectName(), u"frmCentroLucro"_s);
+    screen.add(u""_s);
+    screen.add(u"Vendas"_s);
+    screen.add(u"Aluguéis"_s); // listed as they were added
+    QCOMPARE(screen.centres(), u"Vendas, Aluguéis"_s);
+    screen.select(0);
+    screen.boxes.input(u"Balcão"_s);
+    screen.press(u"cmdeditar"_s);
+    screen.boxes.answer(QMessageBox::Yes);
+    screen.select(0);
+    screen.press(u"cmdremover"_s);
+    QCOMPARE(
+        screen.boxes.seen().join(u'\n'),
+        u"exclamation | Erro | O nome do centro de lucro não pode estar vazio!\n"
+        "input | Editar centro de lucro | Digite o novo nome para este centro de lucro\n"
+        "question | Remover | Tem certeza que deseja remover o centro de lucro Balcão do banco de dados?"_s);
+    QCOMPARE(program.rows(u"select * from pcontareceber"_s), u"Aluguéis\n"_s);
+}
+
+void tst_centres::summaryTab()
+{
+    TestProgram program;
+    Screen screen(costCentres());
+    screen.showSummary();
+    QCOMPARE(screen.boxes.seen().join(u'\n'),
+             u"information | Plano de conta | Não há nenhum centro de custo, cadastrado no banco de dados! "
+             u"para cadastrar um "
+             "centro de custo clique no menu principal e depois em centro de custo."_s);
+    QVERIFY(!screen.find<QPushButton>(u"cmdtxt"_s)->isEnabled());
+
+    addEntry(program, u"pagar"_s, u"luz"_s, u"Pendente"_s, u"100,00"_s);
+    addEntry(program, u"pagar"_s, u"Luz"_s, u"Concluído"_s, u"1.900,00"_s);
+    addEntry(program, u"pagar"_s, u"Aluguel"_s, u"Pendente"_s, u"5,00"_s);
+    screen.find<QTabWidget>(u"xtab"_s)->setCurrentIndex(0);
+    screen.add(u"Luz"_s);
+    screen.showSummary();
+    const auto *list = screen.find<ListView>(u"lstresumo"_s);
+    QCOMPARE(list->rowCount(), 1);
+    QStringList cells;
+    for (int column = 0; column < 4; ++column)
+        cells << list->cell(0, column);
+    QCOMPARE(cells.join(u" | "_s), u"Luz | 1 (R$ 100,00) | 1 (R$ 1.900,00) | 2 (R$ 2.000,00)"_s);
+    QCOMPARE(screen.total(),
+             u"Total de despesas: R$ 2.000,00 - Total pago: R$ 1.900,00 - Total pendente: R$ 100,00"_s);
+    addEntry(program, u"pagar"_s, u"LUZ"_s, u"Pendente"_s, u"1,00"_s);
+    Changes::announce(Subject::Payables);
+    QCOMPARE(screen.total(),
+             u"Total de despesas: R$ 2.001,00 - Total pago: R$ 1.900,00 - Total pendente: R$ 101,00"_s);
+    QVERIFY(screen.boxes.seen().isEmpty());
+}
+
+void tst_centres::quickAddFromAnEntry()
+{
+    TestProgram program;
+    centres::add(program.database(), profitCentres(), u"Vendas"_s);
+    Screen entry(frmAdicionar::openNew(receivable(), nullptr));
+    auto *description = entry.find<QComboBox>(u"txtdescricao"_s);
+    QCOMPARE(description->currentText(), QString());
+    entry.find<QToolButton>(u"cmddescinc"_s)->click();
+    const auto *opened = entry.find<QDialog>(u"frmCentroLucro"_s);
+    QVERIFY(opened && opened->isVisible());
+    opened->findChild<QLineEdit *>(u"txtnome"_s)->setText(u"Aluguéis"_s);
+    opened->findChild<QPushButton *>(u"cmdcad"_s)->click();
+    QCOMPARE(description->currentText(), u"Aluguéis"_s);
+    opened->findChild<QLineEdit *>(u"txtnome"_s)->setText(u"Frete"_s);
+    opened->findChild<QPushButton *>(u"cmdcad"_s)->click();
+    QCOMPARE(description->currentText(), u"Aluguéis"_s);
+    QCOMPARE(description->count(), 3);
+    Changes::announce(Subject::CostCentres);
+    QCOMPARE(description->count(), 3);
+}
+
+QTEST_MAIN(tst_centres)
+#include "tst_centres.moc"

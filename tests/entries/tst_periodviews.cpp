@@ -1,0 +1,157 @@
+#include "data/clock.h"
+#include "entries/frmvisualizar.h"
+#include "settings/settings.h"
+#include "support/testprogram.h"
+#include "widgets/listview.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QDate today(2026, 11, 14);
+
+constexpr ViewPeriod periods[] = {ViewPeriod::Day, ViewPeriod::Month, ViewPeriod::Year};
+
+void addRow(TestProgram &program, const QString &table, const QString &date, const QString &value,
+            const QString &status)
+{
+    program.run(
+        u"insert into %1 (data, valor, estatus) values ('%2', '%3', '%4')"_s.arg(table, date, value, status));
+}
+
+/// Rows of the day, the month, the year and the year before.
+void addRows(TestProgram &program, const QString &table)
+{
+    addRow(program, table, u"2026/11/14"_s, u"1,00"_s, u"Pendente"_s);
+    addRow(program, table, u"2026/11/01"_s, u"1.000,00"_s, u"Concluído"_s);
+    addRow(program, table, u"2026/01/11"_s, u"10.000,00"_s, u"Conluído"_s);
+    addRow(program, table, u"2025/11/14"_s, u"100.000,00"_s, u"Pendente"_s);
+}
+
+/// The summary, and the dates in the order of the rows.
+QString shown(TestProgram &program, const ViewKind &kind, ViewPeriod period)
+{
+    const ViewPeriod shownPeriod = periodview::shownPeriod(kind, period);
+    const ViewList list = kind.load(program.database(), periodview::query(kind, shownPeriod, today), nullptr);
+    QString text = periodview::summary(kind, shownPeriod, list.totals);
+    for (int row = 0; row < list.rows.rowCount(); ++row)
+        text += u"\n"_s + list.rows.text(row, 1);
+    return text;
+}
+
+} // namespace
+
+class tst_periodviews : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void titles();
+    void summariesAndRows();
+    void withoutRows();
+    void orderOfTheSettings();
+    void bankViewsAreLimitedByTheSettings();
+    void screenFollowsChangesAndItsMenu();
+};
+
+void tst_periodviews::titles()
+{
+    QStringList texts;
+    for (const ViewKind *kind : {&payableView(), &receivableView(), &bankView()})
+        for (const ViewPeriod period : periods)
+            texts << periodview::title(*kind, period);
+    QCOMPARE(texts.join(u'\n'),
+             u"Movimento do dia de contas a pagar\nMovimento do mês de contas a pagar\n"
+             "Movimento anual de contas a pagar\nMovimento do dia de contas a receber\n"
+             "Movimento do mês de contas a receber\nMovimento anual de contas a receber\n"
+             "Movimento do dia - bancário\nMovimento do mês - bancário\nMovimento anual - bancário"_s);
+    QCOMPARE(periodview::periodText(ViewPeriod::Day, today), u"Período: 14/11/2026"_s);
+    QCOMPARE(periodview::periodText(ViewPeriod::Month, today), u"Período: 11/2026"_s);
+}
+
+void tst_periodviews::summariesAndRows()
+{
+    TestProgram program;
+    for (const QString &table : {u"pagar"_s, u"receber"_s, u"bancario"_s})
+        addRows(program, table);
+    QCOMPARE(shown(program, payableView(), ViewPeriod::Day),
+             u"Total de cadastros hoje (1): Total de despesas: R$ 1,00  -  Total concluído: R$ 0,00  -  "
+             u"Total pendente: "
+             "R$ 1,00\n14/11/2026"_s);
+    QCOMPARE(shown(program, receivableView(), ViewPeriod::Month),
+             u"Total de cadastros neste mês (2): Total de lucros: R$ 1.001,00  -  Total concluído: R$ "
+             u"1.000,00  -  Total "
+             "pendente: R$ 1,00\n01/11/2026\n14/11/2026"_s);
+    QCOMPARE(shown(program, bankView(), ViewPeriod::Year),
+             u"Total de cadastros neste ano (3): Total de movimento bancário: R$ 11.001,00  -  Total "
+             u"concluído: R$ "
+             "11.000,00  -  Total pendente: R$ 1,00\n11/01/2026\n01/11/2026\n14/11/2026"_s);
+}
+
+void tst_periodviews::withoutRows()
+{
+    TestProgram program;
+    for (const ViewKind *kind : {&payableView(), &receivableView(), &bankView()})
+        for (const ViewPeriod period : periods)
+            QCOMPARE(
+                shown(program, *kind, period),
+                u"0 cadastros  -  Total de movimento: 0,00  -  Total Conluido: 0,00  -  Total pendente: 0,00"_s);
+}
+
+void tst_periodviews::orderOfTheSettings()
+{
+    TestProgram program;
+    settings::setValue(settings::viewOrder, u"DESC"_s);
+    addRows(program, u"pagar"_s);
+    QVERIFY(shown(program, payableView(), ViewPeriod::Month).endsWith(u"\n14/11/2026\n01/11/2026"_s));
+}
+
+void tst_periodviews::bankViewsAreLimitedByTheSettings()
+{
+    TestProgram program;
+    for (const QString &table : {u"pagar"_s, u"bancario"_s})
+        addRows(program, table);
+    settings::setValue(settings::bankViewPeriod, u"1"_s);
+    QVERIFY(shown(program, bankView(), ViewPeriod::Year).startsWith(u"Total de cadastros neste mês (2)"_s));
+    QVERIFY(shown(program, bankView(), ViewPeriod::Day).startsWith(u"Total de cadastros hoje (1)"_s));
+    QVERIFY(
+        shown(program, payableView(), ViewPeriod::Year).startsWith(u"Total de cadastros neste ano (3)"_s));
+    settings::setValue(settings::bankViewPeriod, u"2"_s);
+    QVERIFY(shown(program, bankView(), ViewPeriod::Month).startsWith(u"Total de cadastros neste mês (2)"_s));
+}
+
+void tst_periodviews::screenFollowsChangesAndItsMenu()
+{
+    TestProgram program;
+    programclock::set(QDateTime(today, QTime(10, 0)));
+    addRow(program, u"bancario"_s, u"2026/01/11"_s, u"10,00"_s, u"Concluído"_s);
+    std::unique_ptr<frmVisualizar> screen(frmVisualizar::open(bankView(), ViewPeriod::Year, nullptr));
+    const auto *list = screen->findChild<ListView *>(u"lstdados"_s);
+    const auto choose = [&screen](const QString &name) { screen->findChild<QAction *>(name)->trigger(); };
+    const auto label = [&screen](const QString &name) { return screen->findChild<QLabel *>(name)->text(); };
+    QCOMPARE(screen->windowTitle(), u"Movimento anual - bancário"_s);
+    QCOMPARE(list->rowCount(), 1);
+
+    addRow(program, u"bancario"_s, u"2026/11/14"_s, u"1,00"_s, u"Pendente"_s);
+    Changes::announce(Subject::Payables);
+    QCOMPARE(list->rowCount(), 1);
+    Changes::announce(Subject::Movements);
+    QCOMPARE(list->rowCount(), 2);
+    QVERIFY(label(u"lbltotal"_s).startsWith(u"Total de cadastros neste ano (2)"_s));
+
+    choose(u"popordemdesc"_s);
+    QCOMPARE(list->cell(0, 1), u"14/11/2026"_s);
+    QCOMPARE(settings::value(settings::viewOrder), u"DESC"_s);
+    choose(u"popbancmes"_s);
+    QCOMPARE(list->rowCount(), 1);
+    QCOMPARE(label(u"lblperiodo"_s), u"Período: 11/2026"_s);
+    choose(u"popbanctodos"_s);
+    QCOMPARE(list->rowCount(), 2);
+}
+
+QTEST_MAIN(tst_periodviews)
+#include "tst_periodviews.moc"

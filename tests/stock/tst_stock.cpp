@@ -1,0 +1,347 @@
+#include "data/changes.h"
+#include "data/clock.h"
+#include "data/error.h"
+#include "entries/entry.h"
+#include "stock/frmestoque.h"
+#include "stock/products.h"
+#include "stock/stocklists.h"
+#include "support/boxes.h"
+#include "support/testprogram.h"
+#include "widgets/listview.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QDate today(2026, 11, 14);
+
+EntryForm form(const QString &product, const QString &quantity, const QString &value,
+               const QString &cost = {})
+{
+    return {.status = u"Pendente"_s,
+            .account = u"Caixa"_s,
+            .contact = u"Ana"_s,
+            .date = u"14/11/2026"_s,
+            .due = u"10/12/2026"_s,
+            .description = u"Mercadorias"_s,
+            .document = u"NF 7"_s,
+            .notes = {},
+            .value = value,
+            .unitCost = cost,
+            .product = product,
+            .quantity = quantity,
+            .currency = u"$"_s};
+}
+
+QString lines(const RowStore &rows)
+{
+    QString text;
+    for (int row = 0; row < rows.rowCount(); ++row)
+        for (int column = 0; column < rows.columnCount(); ++column)
+            text += rows.text(row, column) + (column + 1 < rows.columnCount() ? u" | "_s : u"\n"_s);
+    return text;
+}
+
+StockList loaded(TestProgram &program, const StockKind &kind, const StockFilter &filter = {})
+{
+    return stocklists::load(program.database(), kind, stocklists::query(kind, filter, today), nullptr);
+}
+
+/// The stock screen and the product screen over it, driven by object names.
+class StockScreen
+{
+public:
+    StockScreen()
+    {
+        programclock::set(QDateTime(today, QTime(10, 0)));
+        program.run(
+            u"insert into produto (produto, qtde, custo, info) values ('Café', 10, '2,50', 'moído')"_s);
+    }
+
+    void open() { screen.reset(frmestoque::open(nullptr)); }
+    template <typename T>
+    T *find(const QString &name) const
+    {
+        for (QWidget *top :
+             {QApplication::activeModalWidget(), product(), static_cast<QWidget *>(screen.get())})
+            if (T *found = top ? top->findChild<T *>(name) : nullptr)
+                return found;
+        qFatal("no %s", qPrintable(name));
+    }
+    /// The product screen, while it is open.
+    QWidget *product() const
+    {
+        for (QWidget *child : screen->findChildren<QWidget *>(u"frmcadproduto"_s))
+            if (child->isVisible())
+                return child;
+        return nullptr;
+    }
+    void press(const QString &name) const { QTest::mouseClick(find<QPushButton>(name), Qt::LeftButton); }
+    void write(const QString &name, const QString &text) const { find<QLineEdit>(name)->setText(text); }
+    QString text(const QString &name) const { return find<QLineEdit>(name)->text(); }
+    ListView *list(const QString &name) const { return find<ListView>(name); }
+    QString stored() { return program.rows(u"select produto, qtde, custo, info from produto"_s); }
+
+    TestProgram program;
+    Boxes boxes;
+    std::unique_ptr<frmestoque> screen;
+};
+
+} // namespace
+
+class tst_stock : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void namesThatCannotBe();
+    void numbersOfAProduct();
+    void changingAndRemoving();
+    void productListAndSummary();
+    void markup();
+    void queries();
+    void salesListCountsProfit();
+    void purchasesListCountsAmounts();
+    void productScreen();
+    void stockScreenFollowsEntries();
+    void filtersOfTheStockScreen();
+};
+
+void tst_stock::namesThatCannotBe()
+{
+    QCOMPARE(products::problem({u" "_s, {}, {}, {}}), u"O nome do produto é de preenchimento obrigatório!"_s);
+    QVERIFY(products::problem({u"Copo d'água"_s, {}, {}, {}}));
+    QVERIFY(products::problem({u" - "_s, {}, {}, {}}));
+    QVERIFY(!products::problem({u"Café - moído"_s, {}, {}, {}}));
+}
+
+void tst_stock::numbersOfAProduct()
+{
+    TestProgram program;
+    Connection &connection = program.database();
+    products::add(connection, {u" Café "_s, u" 1.002,5 "_s, u"1234,5"_s, u"nota"_s});
+    products::add(connection, {u"Chá"_s, u" "_s, u""_s, u""_s});
+    QVERIFY_THROWS_EXCEPTION(Error, products::add(connection, {u"Pão"_s, u"dez"_s, u"1"_s, u""_s}));
+    QVERIFY_THROWS_EXCEPTION(Error,
+                             products::change(connection, u"Chá"_s, {u"Pão"_s, u"1"_s, u"caro"_s, u""_s}));
+    QCOMPARE(program.rows(u"select produto, qtde, custo, info from produto"_s),
+             u"Café | 1002,5 | 1.234,50 | nota\nChá | 0 | 0,00 | \n"_s);
+    const auto form = products::load(connection, u"café"_s);
+    QVERIFY(form);
+    QCOMPARE(QStringList({form->name, form->quantity, form->cost, form->notes}).join(u'|'),
+             u"Café|1002,5|1.234,50|nota"_s);
+}
+
+void tst_stock::changingAndRemoving()
+{
+    TestProgram program;
+    Connection &connection = program.database();
+    products::add(connection, {u"Café"_s, u"3"_s, u"1"_s, u"a"_s});
+    products::add(connection, {u"Chá"_s, u"5"_s, u"2"_s, u"b"_s});
+    entry::save(connection, payable(), form(u"Café"_s, u"1"_s, u"1"_s), {});
+    products::change(connection, u"café"_s, {u"Café moído"_s, u"-2"_s, u"9"_s, u"c"_s});
+    entry::save(connection, payable(), form(u"Café"_s, u"100"_s, u"1"_s), {}); // reaches no product any more
+    products::remove(connection, u"CHÁ"_s);
+    QCOMPARE(program.rows(u"select produto, qtde, custo, info from produto"_s),
+             u"Café moído | -2 | 9,00 | c\n"_s);
+    QCOMPARE(program.rows(u"select produto from pagar"_s), u"Café\nCafé\n"_s);
+    QVERIFY_THROWS_EXCEPTION(Error, products::change(connection, u"Chá"_s, {u"Chá"_s, {}, {}, {}}));
+    QVERIFY(!products::load(connection, u"Chá"_s));
+}
+
+void tst_stock::productListAndSummary()
+{
+    TestProgram program;
+    QCOMPARE(products::list(program.database()).summary(),
+             u"Total de produtos no estoque: 0 - Valor total em estoque: R$ 0,00"_s);
+    products::add(program.database(), {u"Café"_s, u"1000,5"_s, u"3,33"_s, u"x"_s});
+    products::add(program.database(), {u"Chá"_s, u"-2"_s, u"10"_s, u""_s});
+    const ProductList list = products::list(program.database());
+    QCOMPARE(lines(list.rows),
+             u"Café | 1000,5 | R$ 3,33 | R$ 3.331,67 | x\nChá | -2 | R$ 10,00 | R$ -20,00 | \n"_s);
+    // 3331,665 - 20: the lines are added unrounded
+    QCOMPARE(list.summary(), u"Total de produtos no estoque: 998,5 - Valor total em estoque: R$ 3.311,67"_s);
+}
+
+void tst_stock::markup()
+{
+    const auto of = [](const QString &value, const QString &cost) {
+        return stocklists::markup(Money::stored(QStringView(value)), Money::stored(QStringView(cost)));
+    };
+    QCOMPARE(of(u"15"_s, u"10"_s), u"50,00%"_s);
+    QCOMPARE(of(u"8"_s, u"12"_s), u"-33,33%"_s);
+    QCOMPARE(of(u"0"_s, u"3"_s), u"-100,00%"_s);
+    QCOMPARE(of(u"3"_s, u"0"_s), u"-"_s);
+}
+
+void tst_stock::queries()
+{
+    QCOMPARE(stocklists::query(sales(), {}, today),
+             u"SELECT * FROM receber where (estatus like '%%')  and (produto <> '-')"_s);
+    QCOMPARE(stocklists::query(sales(), {u"apenas do dia"_s, u"Pendentes"_s, u"Café"_s, u"Ana"_s}, today),
+             u"SELECT * FROM receber where(Data like '2026/11/14')  and (estatus like 'Pendente')  and "
+             u"(produto like 'Café')  "
+             "and (cliente like 'Ana')"_s);
+    QCOMPARE(stocklists::query(purchases(),
+                               {u"próximo mês"_s, u"concluídos"_s, u"todos os produtos"_s, u""_s}, today),
+             u"SELECT * FROM pagar WHERE data BETWEEN '2026/12/01' AND '2026/12/31'  and (estatus like "
+             u"'Concluído')  and "
+             "(produto <> '-')  order by data"_s);
+}
+
+void tst_stock::salesListCountsProfit()
+{
+    TestProgram program;
+    Connection &connection = program.database();
+    QCOMPARE(
+        loaded(program, sales()).totals.text(sales()),
+        u"0 cadastrados  -  Total de vendas(lucro real): R$ 0,00  -  Total recebido: R$ 0,00  -  Total pendente: R$ 0,00"_s);
+    entry::save(connection, receivable(), form(u"Café"_s, u"2,5"_s, u"1.015,00"_s, u"10"_s), {});
+    entry::save(connection, receivable(), form(u"Chá"_s, u"3"_s, u"4"_s, u"5"_s), {});
+    entry::save(connection, receivable(), form(u"Pão"_s, u"1"_s, u"7"_s, u"0"_s), {});
+    entry::save(connection, receivable(), form(u"-"_s, u""_s, u"1.000.000"_s), {});
+    entry::settle(connection, receivable(), u"2"_s, today);
+    const StockList list = loaded(program, sales());
+    QCOMPARE(lines(list.rows), u"1 | 14/11/2026 | Mercadorias | NF 7  | Ana | 10/12/2026 | $ 1.015,00 | $ "
+                               u"10,00 | 10.050,00% | $ 1.005,00 | Café | "
+                               "2,5 | Pendente | Caixa |  \n"
+                               "2 | 14/11/2026 | Mercadorias | NF 7  | Ana | 14/11/2026 | $ 4,00 | $ 5,00 | "
+                               "-20,00% | $ -1,00 | Chá | 3 | "
+                               "Concluído | Caixa |  \n"
+                               "3 | 14/11/2026 | Mercadorias | NF 7  | Ana | 10/12/2026 | $ 7,00 | $ 0,00 | "
+                               "- | $ 7,00 | Pão | 1 | Pendente | "
+                               "Caixa |  \n"_s);
+    // 2512,50 - 3,00 + 7,00
+    QCOMPARE(list.totals.text(sales()), u"3 cadastrados  -  Total de vendas(lucro real): R$ 2.516,50  -  "
+                                        u"Total recebido: R$ 4,00  -  Total pendente: R$ "
+                                        "1.022,00"_s);
+    QStringList headings;
+    for (const Column &column : stocklists::columns(sales()))
+        headings << column.title;
+    QCOMPARE(headings.mid(6, 5).join(u'|'), u"Valor|Custo|Margem|Lucro unitário|Produto"_s);
+}
+
+void tst_stock::purchasesListCountsAmounts()
+{
+    TestProgram program;
+    Connection &connection = program.database();
+    QCOMPARE(
+        loaded(program, purchases()).totals.text(purchases()),
+        u"0 cadastros  -  Total de recebimentos: R$ 0,00  -  Total pago: R$ 0,00  -  Total pendente: R$ 0,00"_s);
+    entry::save(connection, payable(), form(u"Café"_s, u"10"_s, u"25"_s), {});
+    entry::save(connection, payable(), form(u"Chá"_s, u"1"_s, u"1,5"_s), {});
+    entry::save(connection, payable(), form(u"-"_s, u""_s, u"500"_s), {});
+    entry::settle(connection, payable(), u"1"_s, today);
+    QCOMPARE(
+        loaded(program, purchases()).totals.text(purchases()),
+        u"2 cadastros  -  Total de recebimentos: R$ 26,50  -  Total pago: R$ 25,00  -  Total pendente: R$ 1,50"_s);
+    QCOMPARE(
+        lines(loaded(program, purchases(), {{}, u"Pendentes"_s, u"chá"_s, u"Ana"_s}).rows),
+        u"2 | 14/11/2026 | Mercadorias | NF 7  | Ana | 10/12/2026 | $ 1,50 | Chá | 1 | Pendente | Caixa |  \n"_s);
+    QCOMPARE(stocklists::productNames(connection, purchases()).join(u'|'), u"Café|Chá"_s);
+}
+
+void tst_stock::productScreen()
+{
+    StockScreen stock;
+    stock.open();
+    stock.press(u"cmdnovoproduto"_s);
+    QCOMPARE(stock.product()->windowTitle() + stock.find<QPushButton>(u"cmdadicionar"_s)->text(),
+             u"Novo Produto&Adicionar"_s);
+    stock.press(u"cmdadicionar"_s);
+    stock.write(u"txtproduto"_s, u"Chá"_s);
+    stock.write(u"txtqtde"_s, u"dez"_s);
+    stock.press(u"cmdadicionar"_s);
+    QCOMPARE(stock.boxes.seen().join(u'\n'),
+             u"critical | Erro | O nome do produto é de preenchimento obrigatório!\n"
+             "critical | Erro | Ocorreu o seguinte erro ao tentar cadastrar os dados: o texto \"dez\" do "
+             "campo Quantidade não é "
+             "um valor válido."_s);
+    QCOMPARE(stock.stored(), u"Café | 10 | 2,50 | moído\n"_s);
+    stock.write(u"txtqtde"_s, u"4"_s);
+    stock.press(u"cmdadicionar"_s);
+    QVERIFY(!stock.product());
+    QCOMPARE(stock.list(u"lstprodutos"_s)->cell(1, 0), u"Chá"_s);
+
+    stock.list(u"lstprodutos"_s)->selectRow(0);
+    stock.press(u"cmdalterarproduto"_s);
+    QCOMPARE(stock.product()->windowTitle() + stock.find<QPushButton>(u"cmdadicionar"_s)->text(),
+             u"Editar Produto&Editar"_s);
+    QCOMPARE(stock.find<QLabel>(u"lblnome"_s)->text() + stock.text(u"txtproduto"_s) +
+                 stock.text(u"txtqtde"_s) + stock.text(u"txtvalor"_s),
+             u"CaféCafé102,50"_s);
+    QVERIFY(!stock.find<QLabel>(u"lblnome"_s)->isVisible());
+    stock.write(u"txtproduto"_s, u"D'Oro"_s);
+    stock.press(u"cmdadicionar"_s);
+    QCOMPARE(stock.boxes.seen().size(), 1);
+    stock.write(u"txtproduto"_s, u"Café moído"_s);
+    stock.press(u"cmdadicionar"_s);
+    QCOMPARE(stock.stored(), u"Café moído | 10 | 2,50 | moído\nChá | 4 | 0,00 | \n"_s);
+    QCOMPARE(stock.list(u"lstprodutos"_s)->cell(0, 0), u"Café moído"_s);
+
+    stock.list(u"lstprodutos"_s)->selectRow(0);
+    stock.press(u"cmdremoverproduto"_s);
+    QCOMPARE(stock.boxes.seen(), QStringList());
+    QCOMPARE(stock.list(u"lstprodutos"_s)->rowCount(), 1);
+    QCOMPARE(stock.find<QLabel>(u"lblprodutoest"_s)->text(),
+             u"Total de produtos no estoque: 4 - Valor total em estoque: R$ 0,00"_s);
+}
+
+void tst_stock::stockScreenFollowsEntries()
+{
+    StockScreen stock;
+    stock.open();
+    QCOMPARE(stock.list(u"lstreceber"_s)->rowCount(), 0);
+    entry::save(stock.program.database(), receivable(), form(u"Café"_s, u"4"_s, u"3"_s, u"2,5"_s), {});
+    Changes::announce(Subject::Receivables);
+    QCOMPARE(stock.list(u"lstprodutos"_s)->cell(0, 1), u"6"_s);
+    QCOMPARE(
+        stock.find<QLabel>(u"lblreceberest"_s)->text(),
+        u"1 cadastrados  -  Total de vendas(lucro real): R$ 2,00  -  Total recebido: R$ 0,00  -  Total pendente: R$ 3,00"_s);
+    entry::save(stock.program.database(), payable(), form(u"Café"_s, u"5"_s, u"10"_s), {});
+    Changes::announce(Subject::Payables);
+    QCOMPARE(stock.list(u"lstprodutos"_s)->cell(0, 1), u"11"_s);
+    QCOMPARE(
+        stock.find<QLabel>(u"lblpagarest"_s)->text(),
+        u"1 cadastros  -  Total de recebimentos: R$ 10,00  -  Total pago: R$ 0,00  -  Total pendente: R$ 10,00"_s);
+}
+
+void tst_stock::filtersOfTheStockScreen()
+{
+    StockScreen stock;
+    for (const auto &[product, value] :
+         {std::pair(u"Café"_s, u"9"_s), {u"Chá"_s, u"100"_s}, {u"D'Oro"_s, u"2"_s}})
+        stock.program.run(u"insert into receber (estatus, cliente, data, produto, qtde, valor, custo, moeda) "
+                          u"values ('Pendente', "
+                          "'Ana', '2026/11/14', '"_s +
+                          QString(product).replace(u'\'', u"''"_s) + u"', '1', '"_s + value +
+                          u"', '10', 'R$')"_s);
+    stock.open();
+    auto *box = stock.find<QComboBox>(u"cboprodutor"_s);
+    auto *list = stock.list(u"lstreceber"_s);
+    const int markupColumn = 8;
+    list->sortByColumn(markupColumn, Qt::AscendingOrder);
+    QCOMPARE(list->cell(0, markupColumn) + list->cell(1, markupColumn) + list->cell(2, markupColumn),
+             u"-80,00%-10,00%900,00%"_s);
+    box->setCurrentText(u"Chá"_s);
+    QCOMPARE(list->rowCount(), 1);
+    box->setCurrentText(u"D'Oro"_s); // the query breaks: list and boxes stay
+    QCOMPARE(stock.boxes.seen().size(), 1);
+    QCOMPARE(box->currentText(), u"Chá"_s);
+    QCOMPARE(list->rowCount(), 1);
+    stock.find<QComboBox>(u"cbofiltror"_s)->setCurrentText(u"mês anterior"_s);
+    QCOMPARE(list->rowCount(), 0);
+    stock.find<QComboBox>(u"cbofiltror"_s)->setCurrentText(u"Todos os dados"_s);
+    box->setCurrentText(u"Todos os produtos"_s);
+    QCOMPARE(list->rowCount(), 3);
+}
+
+QTEST_MAIN(tst_stock)
+#include "tst_stock.moc"

@@ -1,0 +1,89 @@
+#include "support/shop.h"
+
+#include "data/clock.h"
+#include "widgets/listview.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+Shop::Shop()
+{
+    programclock::set(QDateTime(QDate(2026, 11, 14), QTime(10, 0)));
+}
+
+void Shop::open()
+{
+    window = std::make_unique<frmPrincipal>();
+    window->show();
+    window->start();
+}
+
+QDialog *Shop::screen(const QString &name) const
+{
+    for (QWidget *top : QApplication::topLevelWidgets())
+        if (top->objectName() == name && top->isVisible())
+            return qobject_cast<QDialog *>(top);
+    return nullptr;
+}
+
+void Shop::command(const QString &name) const
+{
+    find<QAction>(name)->trigger();
+}
+
+void Shop::press(const QString &name) const
+{
+    QTest::mouseClick(find<QPushButton>(name), Qt::LeftButton);
+}
+
+void Shop::type(const QString &name, const QString &text) const
+{
+    auto *field = find<QWidget>(name);
+    field->window()->activateWindow();
+    field->setFocus();
+    if (!QTest::qWaitForWindowActive(field->window()) ||
+        !QTest::qWaitFor([field] { return field->hasFocus(); }))
+        qFatal("%s does not get the focus", qPrintable(name));
+    if (auto *box = qobject_cast<QComboBox *>(field))
+        box->lineEdit()->selectAll();
+    else
+        qobject_cast<QLineEdit *>(field)->selectAll();
+    for (const QChar typed : text) // QTest::keyClicks takes no accents
+        QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, QString(typed), Qt::NoModifier);
+    QTest::keyClick(field, Qt::Key_Tab);
+}
+
+void Shop::choose(const QString &name, const QString &text) const
+{
+    find<QComboBox>(name)->setCurrentText(text);
+}
+
+QString Shop::text(const QString &name) const
+{
+    const QWidget *field = find<QWidget>(name);
+    if (const auto *box = qobject_cast<const QComboBox *>(field))
+        return box->currentText();
+    return qobject_cast<const QLineEdit *>(field)->text();
+}
+
+QString Shop::label(const QString &name) const
+{
+    return find<QLabel>(name)->text();
+}
+
+ListView *Shop::list(const QString &name) const
+{
+    return find<ListView>(name);
+}
+
+int Shop::tab() const
+{
+    return find<QTabWidget>(u"tabprincipal"_s)->currentIndex();
+}

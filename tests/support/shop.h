@@ -1,0 +1,51 @@
+#pragma once
+
+#include "app/frmprincipal.h"
+#include "support/boxes.h"
+#include "support/testprogram.h"
+
+#include <QApplication>
+#include <QDialog>
+
+#include <memory>
+
+class ListView;
+
+/// The program with its main window on screen, at 10 o'clock of 14/11/2026; controls are found and used by
+/// object names, as a user driver would.
+class Shop
+{
+public:
+    Shop();
+
+    void open();
+
+    /// The visible control with the name; one of another screen before one of the main window.
+    template <typename T>
+    T *find(const QString &name) const
+    {
+        T *found = nullptr;
+        for (QWidget *top : QApplication::topLevelWidgets())
+            if (T *match = top->findChild<T *>(name);
+                match && top->isVisible() && (!found || top != window.get()))
+                found = match;
+        if (!found)
+            qFatal("no %s", qPrintable(name));
+        return found;
+    }
+    /// The visible screen with the name; null when there is none.
+    QDialog *screen(const QString &name) const;
+    void command(const QString &name) const;
+    void press(const QString &name) const;
+    /// Types over the field's text and leaves it.
+    void type(const QString &name, const QString &text) const;
+    void choose(const QString &name, const QString &text) const;
+    QString text(const QString &name) const;
+    QString label(const QString &name) const;
+    ListView *list(const QString &name) const;
+    int tab() const;
+
+    TestProgram program;
+    Boxes boxes;
+    std::unique_ptr<frmPrincipal> window;
+};
