@@ -44,8 +44,6 @@ public:
 
     const Side &side() const { return m_side; }
     ListView &list();
-    /// The query of the list as it is shown.
-    QString query() const { return m_query; }
 
     void restoreFilters();
     /// Reads the list with the filters shown; false, with a message, when that failed.
@@ -70,5 +68,4 @@ private:
     const Side &m_side;
     const EntryPaneNames &m_names;
     EntryFilter m_applied;
-    QString m_query;
 };

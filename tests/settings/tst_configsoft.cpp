@@ -104,7 +104,7 @@ void TestConfigSoft::loadingShowsTheDefaultsAndWritesNothing()
     QCOMPARE(shown(), u"cbocorfonte Preto\ncbocorfundo1 Branco\ncbocorfundo2 Branco\ncboffonte Arial\n"
                       "cboftamanho 10\nchkalertavenc on\nchkatualizar on\nchkdica on\nchkiniciar off\n"
                       "chkrede off\noptasc\ntxtcaminho FOLDER/programa/dados.qorvex\ntxtnome Tavaro\n"
-                      "txtslogan Organizando a sua vida financeira"_s);
+                      "txtslogan © Tavaro - controle financeiro e de estoque"_s);
     QVERIFY(!QFile::exists(in(u"config"_s)));
     QCOMPARE(announced.count(), 0);
 }
