@@ -58,7 +58,10 @@ void frmVisualizar::connectExports()
             [=, this] { exportar::saveText(this, report(), exportar::reportTexts()); });
     connect(m_ui->cmdhtml, &QPushButton::clicked, this,
             [=, this] { exportar::saveHtml(this, report(), exportar::reportTexts()); });
-    connect(m_ui->cmdimprimir, &QPushButton::clicked, this, [=, this] { exportar::print(this, report()); });
+    connect(m_ui->cmdimprimir, &QPushButton::clicked, this, [=, this] {
+        const Report shown = report();
+        exportar::print(this, shown, modimpressao::listPages(m_kind.pages, *shown.tables.front()));
+    });
 }
 
 void frmVisualizar::makeMenu()
