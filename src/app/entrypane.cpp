@@ -189,6 +189,7 @@ bool EntryPane::reload()
         EntryList entries = entrylist::load(openDatabase(), m_side, query, &progress);
         m_ui->lista->setRows(std::move(entries.rows));
         m_ui->total->setText(entries.totals.text(m_side));
+        m_query = query;
     });
 }
 

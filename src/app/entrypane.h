@@ -45,6 +45,9 @@ public:
     const Side &side() const { return m_side; }
     ListView &list();
 
+    /// The query of the list as it is shown.
+    QString query() const { return m_query; }
+
     void restoreFilters();
     /// Reads the list with the filters shown; false, with a message, when that failed.
     bool reload();
@@ -68,4 +71,5 @@ private:
     const Side &m_side;
     const EntryPaneNames &m_names;
     EntryFilter m_applied;
+    QString m_query;
 };
