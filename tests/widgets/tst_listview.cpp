@@ -1,3 +1,4 @@
+#include "support/answers.h"
 #include "widgets/listview.h"
 
 #include <QAbstractItemModelTester>
@@ -7,8 +8,6 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
-
-#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -79,9 +78,7 @@ class tst_listview : public QObject
 private Q_SLOTS:
     void rowStoreKeepsTexts();
     void modelContract();
-    void sortsByKind_data();
     void sortsByKind();
-    void sortKeepsTheSelection();
     void removesRows();
     void headerClicksSortAndGiveTheOrderBack();
     void newRowsKeepSelectionAndPlace();
@@ -95,11 +92,8 @@ void tst_listview::rowStoreKeepsTexts()
 {
     RowStore rows(3);
     const std::string large(3'000'000, 'x');
-    for (int i = 0; i < 20000; ++i) {
-        const std::string number = std::to_string(i);
-        rows.append({number, i == 7 ? std::string_view(large) : std::string_view("ação"), ""});
-    }
-    QCOMPARE(rows.rowCount(), 20000);
+    for (int i = 0; i < 20000; ++i)
+        rows.append({std::to_string(i), i == 7 ? std::string_view(large) : std::string_view("ação"), ""});
     QCOMPARE(rows.text(6, 1), u"ação"_s);
     QVERIFY(rows.cell(7, 1) == large);
     QCOMPARE(rows.text(19999, 0) + rows.text(19999, 2), u"19999"_s);
@@ -107,11 +101,6 @@ void tst_listview::rowStoreKeepsTexts()
     rows.removeRow(7);
     QCOMPARE(rows.textBytes(), before - qint64(large.size()) - 1);
     QCOMPARE(rows.text(7, 0), u"8"_s);
-    rows.clear();
-    QCOMPARE(rows.rowCount(), 0);
-    QCOMPARE(rows.textBytes(), 0);
-    rows.append({"a", "b", "c"});
-    QCOMPARE(rows.text(0, 2), u"c"_s);
 }
 
 void tst_listview::modelContract()
@@ -133,46 +122,30 @@ void tst_listview::modelContract()
     QCOMPARE(table.rowCount(), 0);
 }
 
-void tst_listview::sortsByKind_data()
-{
-    QTest::addColumn<int>("column");
-    QTest::addColumn<QString>("ascending");
-    QTest::addColumn<QString>("descending");
-    QTest::newRow("number key") << 0 << u"1 2 3 10 11"_s << u"11 10 3 2 1"_s;
-    QTest::newRow("date, ties in row order") << 1 << u"3 2 1 10 11"_s << u"10 11 1 2 3"_s;
-    QTest::newRow("text in Portuguese order") << 2 << u"1 10 3 11 2"_s << u"2 11 3 10 1"_s;
-    QTest::newRow("money, ties in row order") << 3 << u"2 11 3 10 1"_s << u"1 3 10 11 2"_s;
-    QTest::newRow("number, blank as none") << 4 << u"3 11 2 1 10"_s << u"10 1 2 11 3"_s;
-    QTest::newRow("unsorted") << -1 << u"1 2 3 10 11"_s << u"1 2 3 10 11"_s;
-}
-
+/// Ties stay in the order of the rows, and a blank number counts as none.
 void tst_listview::sortsByKind()
 {
-    QFETCH(int, column);
-    TableModel table;
-    table.setColumns(columns());
-    table.setRows(entries());
-    table.sort(column, Qt::AscendingOrder);
-    QTEST(keys(table), "ascending");
-    table.sort(column, Qt::DescendingOrder);
-    QTEST(keys(table), "descending");
-}
-
-void tst_listview::sortKeepsTheSelection()
-{
-    Shown shown;
-    shown.list.selectRow(3);
-    shown.list.sortByColumn(2, Qt::AscendingOrder);
-    QCOMPARE(shown.list.selectedRow(), 1);
-    QCOMPARE(shown.list.cell(shown.list.selectedRow(), 0), u"10"_s);
+    checkAnswers(u"0 -> 1 2 3 10 11, 11 10 3 2 1 ; 1 -> 3 2 1 10 11, 10 11 1 2 3\n"
+                 "2 -> 1 10 3 11 2, 2 11 3 10 1 ; 3 -> 2 11 3 10 1, 1 3 10 11 2\n"
+                 "4 -> 3 11 2 1 10, 10 1 2 11 3 ; -1 -> 1 2 3 10 11, 1 2 3 10 11"_s,
+                 [](const QString &column) {
+                     TableModel table;
+                     table.setColumns(columns());
+                     table.setRows(entries());
+                     table.sort(column.toInt(), Qt::AscendingOrder);
+                     const QString ascending = keys(table);
+                     table.sort(column.toInt(), Qt::DescendingOrder);
+                     return ascending + u", "_s + keys(table);
+                 });
 }
 
 void tst_listview::removesRows()
 {
     Shown shown;
     TableModel &table = shown.list.table();
+    shown.list.selectRow(4);
     table.sort(2, Qt::AscendingOrder); // 1 10 3 11 2
-    shown.list.selectRow(3);
+    QCOMPARE(shown.list.selectedRow(), 3);
     QVERIFY(table.removeRows(0, 2));
     QCOMPARE(keys(table), u"3 11 2"_s);
     QCOMPARE(shown.list.cell(shown.list.selectedRow(), 2), u"Bola"_s);
