@@ -41,6 +41,7 @@ void Shop::command(const QString &name) const
 void Shop::press(const QString &name) const
 {
     QTest::mouseClick(find<QPushButton>(name), Qt::LeftButton);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // a closed screen is found no more
 }
 
 void Shop::type(const QString &name, const QString &text) const
