@@ -69,12 +69,6 @@ QString listed(TestProgram &program, const ContactFilter &filter)
     return lines.join(u", "_s);
 }
 
-/// Without the mouse: the screens are taller than the display of the tests.
-void press(const Shop &shop, const QString &name)
-{
-    shop.find<QAbstractButton>(name)->click();
-}
-
 QString names(const ListView *list)
 {
     QStringList texts;
@@ -209,11 +203,11 @@ void tst_contacts::addingFromAnEntryMakesTheNameSelectable()
     frmAdicionar::openNew(payable(), nullptr);
     auto *box = shop.find<QComboBox>(u"cbotipo"_s);
     for (const QString &name : {u"Moinho"_s, u"Armazém"_s}) {
-        press(shop, u"cmdforncliinc"_s);
+        shop.press(u"cmdforncliinc"_s);
         QVERIFY(shop.screen(u"frmCadForn"_s));
         QCOMPARE(shop.screen(u"frmCadForn"_s)->windowTitle(), u"Adicionar fornecedor"_s);
         shop.find<QLineEdit>(u"txtnome"_s)->setText(name);
-        press(shop, u"cmdok"_s);
+        shop.press(u"cmdok"_s);
         QVERIFY(!shop.screen(u"frmCadForn"_s));
         QVERIFY(box->findText(name) >= 0);
         QCOMPARE(box->currentText(), u"Moinho"_s); // chosen for the empty box, kept afterwards
@@ -222,7 +216,7 @@ void tst_contacts::addingFromAnEntryMakesTheNameSelectable()
     shop.screen(u"frmAdicionar"_s)->close();
 
     frmAdicionar::openNew(receivable(), nullptr);
-    press(shop, u"cmdforncliinc"_s);
+    shop.press(u"cmdforncliinc"_s);
     QCOMPARE(shop.screen(u"frmCadCli"_s)->windowTitle(), u"Adicionar cliente"_s);
     shop.screen(u"frmAdicionar"_s)->close();
     QCOMPARE(boxes.seen().join(u'\n'), QString());
@@ -235,10 +229,10 @@ void tst_contacts::recordDialog()
     add(program, u"Ana"_s, u"Santos"_s, u"SP"_s, u"10/12/1980"_s);
     frmCadCli::openNew(suppliers(), suppliers().newCaption, nullptr);
     shop.find<QLineEdit>(u"txtnome"_s)->setText(u"  "_s);
-    press(shop, u"cmdok"_s);
+    shop.press(u"cmdok"_s);
     QCOMPARE(shop.boxes.seen().join(u'\n'),
              u"exclamation | Erro | O nome do fornecedor é de preenchimento obrigatório!"_s);
-    press(shop, u"cmdcancelar"_s);
+    shop.press(u"cmdcancelar"_s);
 
     frmCadCli::openEdit(clients(), u"1"_s, nullptr);
     QCOMPARE(shop.screen(u"frmCadCli"_s)->windowTitle(), u"Editar cliente"_s);
@@ -248,7 +242,7 @@ void tst_contacts::recordDialog()
     QCOMPARE(shop.label(u"lblcpf"_s), u"CN&PJ:"_s);
     shop.find<QLineEdit>(u"cbonascimento"_s)->clear();
     shop.find<QPlainTextEdit>(u"txtadicionais"_s)->setPlainText(u"fiel"_s);
-    press(shop, u"cmdok"_s);
+    shop.press(u"cmdok"_s);
     QVERIFY(!shop.screen(u"frmCadCli"_s));
     QCOMPARE(program.rows(u"select nome, nascimento, cidade, adicionais, tipo from cliente"_s),
              u"Ana |  | Santos | fiel | j\n"_s);
@@ -273,15 +267,15 @@ void tst_contacts::pictures()
     QCOMPARE(boxes.seen().join(u'\n'), QString());
     QVERIFY(!shop.find<PictureBox>(u"img1"_s)->hasPicture());
     boxes.chooseFile(path);
-    press(shop, u"img1"_s);
+    shop.press(u"img1"_s);
     QCOMPARE(boxes.seen().join(u'\n'),
              u"file | Carregar imagem do contato | Arquivos de imagens (*.bmp *.jpg *.gif)"_s);
     QVERIFY(shop.find<PictureBox>(u"img1"_s)->hasPicture());
     QCOMPARE(shop.label(u"lbllocal"_s), path);
     boxes.chooseFile(QString());
-    press(shop, u"img1"_s);
+    shop.press(u"img1"_s);
     QCOMPARE(shop.label(u"lbllocal"_s), path);
-    press(shop, u"cmdok"_s);
+    shop.press(u"cmdok"_s);
     QCOMPARE(program.rows(u"select local from cliente"_s), path + u'\n');
 }
 
@@ -310,7 +304,7 @@ void tst_contacts::listScreen()
     shop.command(u"novo"_s);
     QCOMPARE(shop.screen(u"frmCadCli"_s)->windowTitle(), u"Cadastrar novo cliente"_s);
     shop.find<QLineEdit>(u"txtnome"_s)->setText(u"Caio"_s);
-    press(shop, u"cmdok"_s);
+    shop.press(u"cmdok"_s);
     QCOMPARE(names(list), u"Caio, Bia, Ana"_s);
 
     list->selectRow(1);
@@ -367,12 +361,12 @@ void tst_contacts::labelScreen()
     auto *table = shop.find<QTableWidget>(u"tblcampos"_s);
     QCOMPARE(table->rowCount(), 5);
     table->setCurrentCell(4, 0);
-    press(shop, u"cmdexcluir"_s);
+    shop.press(u"cmdexcluir"_s);
     static_cast<QDoubleSpinBox *>(table->cellWidget(0, 1))->setValue(2.5);
 
     const QString path = program.file(u"etiquetas.pdf"_s);
     boxes.chooseFile(path);
-    press(shop, u"cmdpdf"_s);
+    shop.press(u"cmdpdf"_s);
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QByteArray pdf = file.readAll();
@@ -380,7 +374,7 @@ void tst_contacts::labelScreen()
     QVERIFY(pdf.contains("/Count 2"));
 
     boxes.answer(QMessageBox::Yes);
-    press(shop, u"cmdsair"_s);
+    shop.press(u"cmdsair"_s);
     QVERIFY(!shop.screen(name));
     QCOMPARE(boxes.seen().join(u'\n'),
              u"file | Salvar etiquetas em PDF | Arquivos PDF (*.pdf)\n"
