@@ -88,7 +88,6 @@ private Q_SLOTS:
     void changes();
     void stockKeepsExactDecimals();
     void refusedStatementsChangeNothing();
-    void unusableFiles_data();
     void unusableFiles();
     void placesWithoutPermission();
     void damagedPage();
@@ -187,50 +186,45 @@ void TestConnection::refusedStatementsChangeNothing()
     QCOMPARE(program.rows(u"select count(*) from pagar"_s), u"5\n"_s);
 }
 
-void TestConnection::unusableFiles_data()
-{
-    QTest::addColumn<QString>("change"); // what is done to a good file
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("missing") << u"remove"_s << u"não foi encontrado"_s;
-    QTest::newRow("folder") << u"folder"_s << u"é uma pasta"_s;
-    QTest::newRow("empty") << u"keep 0"_s << u"está vazio"_s;
-    QTest::newRow("first bytes") << u"keep 1000"_s << u"não é um banco de dados do Tavaro"_s;
-    QTest::newRow("first pages") << u"keep 10000"_s << u"está incompleto ou danificado"_s;
-    QTest::newRow("other file") << u"text"_s << u"não é um banco de dados do Tavaro"_s;
-    QTest::newRow("other password") << u"password"_s << u"com outra senha"_s;
-    QTest::newRow("other database") << u"tables"_s << u"não tem as tabelas do Tavaro"_s;
-}
-
+/// What is done to a good file, and the words that opening it then ends in.
 void TestConnection::unusableFiles()
 {
-    TestProgram program;
-    const QString path = program.databaseFile();
-    QFETCH(const QString, change);
-    QFETCH(const QString, expected);
-    const QByteArray good = contents(path);
-    QFile::remove(path);
-    if (change == "folder"_L1)
-        QVERIFY(QDir().mkdir(path));
-    else if (change.startsWith("keep"_L1))
-        write(path, good.first(change.section(u' ', 1).toInt()));
-    else if (change == "text"_L1)
-        write(path, QByteArray("SQLite format 3\0", 16) + QByteArray(20'000, 'x'));
-    else if (change == "password"_L1)
-        Connection::create(path, u"outra"_s)->executeNative("CREATE TABLE t (a)");
-    else if (change == "tables"_L1)
-        Connection::create(path, password())->executeNative("CREATE TABLE pagar (a)");
-    const QByteArray before = contents(path);
-    const QStringList listing = QDir(program.file(QString())).entryList();
+    const std::pair<QString, QString> cases[] = {{u"remove"_s, u"não foi encontrado"_s},
+                                                 {u"folder"_s, u"é uma pasta"_s},
+                                                 {u"keep 0"_s, u"está vazio"_s},
+                                                 {u"keep 1000"_s, u"não é um banco de dados do Tavaro"_s},
+                                                 {u"keep 10000"_s, u"está incompleto ou danificado"_s},
+                                                 {u"text"_s, u"não é um banco de dados do Tavaro"_s},
+                                                 {u"password"_s, u"com outra senha"_s},
+                                                 {u"tables"_s, u"não tem as tabelas do Tavaro"_s}};
+    for (const auto &[change, expected] : cases) {
+        TestProgram program;
+        const QString path = program.databaseFile();
+        const QByteArray good = contents(path);
+        QFile::remove(path);
+        if (change == "folder"_L1)
+            QVERIFY(QDir().mkdir(path));
+        else if (change.startsWith("keep"_L1))
+            write(path, good.first(change.section(u' ', 1).toInt()));
+        else if (change == "text"_L1)
+            write(path, QByteArray("SQLite format 3\0", 16) + QByteArray(20'000, 'x'));
+        else if (change == "password"_L1)
+            Connection::create(path, u"outra"_s)->executeNative("CREATE TABLE t (a)");
+        else if (change == "tables"_L1)
+            Connection::create(path, password())->executeNative("CREATE TABLE pagar (a)");
+        const QByteArray before = contents(path);
+        const QStringList listing = QDir(program.file(QString())).entryList();
 
-    const QString text = failure([&] { program.database(); }, Error::Kind::Open);
-    QVERIFY2(text.contains(expected), qPrintable(text));
-    QCOMPARE(contents(path), before);
-    QCOMPARE(QDir(program.file(QString())).entryList(), listing);
+        const QString text = failure([&] { program.database(); }, Error::Kind::Open);
+        QVERIFY2(text.contains(expected), qPrintable(change + u": "_s + text));
+        QCOMPARE(contents(path), before);
+        QCOMPARE(QDir(program.file(QString())).entryList(), listing);
 
-    // A good file in its place is opened without further ado.
-    QVERIFY(QFile::remove(path) || QDir().rmdir(path) || change == "remove"_L1);
-    write(path, good);
-    QCOMPARE(program.rows(u"select * from login_inicia"_s), u"0\n"_s);
+        // A good file in its place is opened without further ado.
+        QVERIFY(QFile::remove(path) || QDir().rmdir(path) || change == "remove"_L1);
+        write(path, good);
+        QCOMPARE(program.rows(u"select * from login_inicia"_s), u"0\n"_s);
+    }
 }
 
 void TestConnection::placesWithoutPermission()

@@ -1,19 +1,15 @@
-#include "data/clock.h"
 #include "entries/centres.h"
-#include "entries/frmadicionar.h"
 #include "entries/frmcentrocusto.h"
 #include "support/boxes.h"
 #include "support/testprogram.h"
 #include "widgets/listview.h"
 
-#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
-#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
@@ -58,7 +54,6 @@ class Screen
 {
 public:
     explicit Screen(const CentreSide &side) : dialog(frmCentroCusto::openFor(side, nullptr)) {}
-    explicit Screen(QDialog *shown) : dialog(shown) {}
     ~Screen() { delete dialog; }
 
     template <typename T>
@@ -93,7 +88,6 @@ private Q_SLOTS:
     void addingRenamingAndRemoving();
     void profitScreen();
     void summaryTab();
-    void quickAddFromAnEntry();
 };
 
 void tst_centres::summaryIsThatOfOneQueryForEachCentre()
@@ -229,27 +223,6 @@ void tst_centres::summaryTab()
     QCOMPARE(screen.total(),
              u"Total de despesas: R$ 2.001,00 - Total pago: R$ 1.900,00 - Total pendente: R$ 101,00"_s);
     QVERIFY(screen.boxes.seen().isEmpty());
-}
-
-void tst_centres::quickAddFromAnEntry()
-{
-    TestProgram program;
-    centres::add(program.database(), profitCentres(), u"Vendas"_s);
-    Screen entry(frmAdicionar::openNew(receivable(), nullptr));
-    auto *description = entry.find<QComboBox>(u"txtdescricao"_s);
-    QCOMPARE(description->currentText(), QString());
-    entry.find<QToolButton>(u"cmddescinc"_s)->click();
-    const auto *opened = entry.find<QDialog>(u"frmCentroLucro"_s);
-    QVERIFY(opened && opened->isVisible());
-    opened->findChild<QLineEdit *>(u"txtnome"_s)->setText(u"Aluguéis"_s);
-    opened->findChild<QPushButton *>(u"cmdcad"_s)->click();
-    QCOMPARE(description->currentText(), u"Aluguéis"_s);
-    opened->findChild<QLineEdit *>(u"txtnome"_s)->setText(u"Frete"_s);
-    opened->findChild<QPushButton *>(u"cmdcad"_s)->click();
-    QCOMPARE(description->currentText(), u"Aluguéis"_s);
-    QCOMPARE(description->count(), 3);
-    Changes::announce(Subject::CostCentres);
-    QCOMPARE(description->count(), 3);
 }
 
 QTEST_MAIN(tst_centres)

@@ -85,7 +85,6 @@ private Q_SLOTS:
     void keysActOnRows();
     void copiesWhatIsShown();
     void layoutGoesAndComes();
-    void manyRows();
 };
 
 void tst_listview::rowStoreKeepsTexts()
@@ -236,28 +235,6 @@ void tst_listview::layoutGoesAndComes()
     QCOMPARE(shown.list.layout().positions, layout.positions);
     shown.list.setRows(entries());
     QCOMPARE(shown.list.layout().widths, layout.widths);
-}
-
-void tst_listview::manyRows()
-{
-    constexpr int count = 100000;
-    Shown shown;
-    RowStore rows(5);
-    for (int i = 0; i < count; ++i) {
-        const std::string number = std::to_string((i * 7919) % count);
-        rows.append({number, "01/03/2026", "Fornecedor " + number, "R$ " + number + ",00", number});
-    }
-    QVERIFY(rows.totalBytes() < rows.textBytes() + qint64(count) * (5 * 5 + 8) + 2'000'000);
-    shown.list.setRows(std::move(rows));
-    for (int column = 0; column < 5; ++column)
-        shown.list.sortByColumn(column, Qt::DescendingOrder);
-    QCOMPARE(shown.list.cell(0, 0), u"99999"_s);
-    shown.list.selectAll();
-    QCOMPARE(shown.list.selectedRows().size(), std::size_t(count));
-    shown.list.sortByColumn(3, Qt::AscendingOrder);
-    QCOMPARE(shown.list.selectedRows().size(), std::size_t(count));
-    QVERIFY(shown.list.table().removeRows(10, count - 20));
-    QCOMPARE(shown.list.cell(9, 0) + u' ' + shown.list.cell(10, 0), u"9 99990"_s);
 }
 
 QTEST_MAIN(tst_listview)
