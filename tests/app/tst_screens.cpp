@@ -1,5 +1,6 @@
 #include "bank/accounts.h"
 #include "settings/database.h"
+#include "settings/programfolder.h"
 #include "support/samples.h"
 #include "support/shop.h"
 #include "widgets/listview.h"
@@ -60,6 +61,7 @@ private Q_SLOTS:
     void accountScreens();
     void filtersAreKeptAndSurviveFailures();
     void startWithoutADatabase();
+    void layoutIsSavedOnClosing();
 };
 
 void tst_screens::addingAPayable()
@@ -298,6 +300,19 @@ void tst_screens::startWithoutADatabase()
     shop.command(u"cmdadicionard"_s);
     QCOMPARE(shop.boxes.seen().size(), 1);
     QVERIFY(!shop.screen(u"frmAdicionar"_s));
+}
+
+void tst_screens::layoutIsSavedOnClosing()
+{
+    Shop shop;
+    shop.open();
+    shop.list(u"lstpagar"_s)->setColumnWidth(2, 200);
+    shop.window->close();
+    QFile file(programfolder::file(u"pagar.ini"_s));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray text = file.readAll();
+    QVERIFY2(text.contains("descricao=3000\n"), text.constData());
+    QVERIFY2(text.contains("id=0\n"), text.constData());
 }
 
 QTEST_MAIN(tst_screens)

@@ -26,6 +26,7 @@ class TestConfigSoft : public QObject
 
 private Q_SLOTS:
     void init();
+    void loadingShowsTheDefaultsAndWritesNothing();
     void loadingShowsWhatIsStored();
     void everyControlStoresAtOnce();
     void switchingAlertsOffKeepsThem();
@@ -89,6 +90,18 @@ QString TestConfigSoft::stored() const
     return file.open(QIODevice::ReadOnly)
                ? QString::fromUtf8(file.readAll()).replace(m_folder->path(), u"FOLDER"_s)
                : u"no file"_s;
+}
+
+void TestConfigSoft::loadingShowsTheDefaultsAndWritesNothing()
+{
+    const QSignalSpy announced(&Changes::instance(), &Changes::changed);
+    open();
+    QCOMPARE(shown(), u"cbocorfonte Preto\ncbocorfundo1 Branco\ncbocorfundo2 Branco\ncboffonte Arial\n"
+                      "cboftamanho 10\nchkalertavenc on\nchkatualizar on\nchkdica on\nchkiniciar off\n"
+                      "chkrede off\noptasc\ntxtcaminho FOLDER/programa/dados.qorvex\ntxtnome Tavaro\n"
+                      "txtslogan Organizando a sua vida financeira"_s);
+    QVERIFY(!QFile::exists(in(u"config"_s)));
+    QCOMPARE(announced.count(), 0);
 }
 
 void TestConfigSoft::loadingShowsWhatIsStored()
