@@ -325,7 +325,7 @@ void tst_reports::pages()
     const QStringList pages = pdfPages(modimpressao::document(report));
     QCOMPARE(pages.size(), 3);
     const QString header =
-        u"Gerado domingo, 22 de novembro de 2026 às 14:05:09\nTavaro\nOrganizando a sua vida financeira\n"_s;
+        u"Gerado domingo, 22 de novembro de 2026 às 14:05:09\nTavaro\n© Tavaro - controle financeiro e de estoque\n"_s;
     QCOMPARE(pages[0].left(pages[0].indexOf(u"22/11/2026 Item 2 "_s)),
              header +
                  u"CONTAS A PAGAR\nAbril & maio\nRelatório <geral>\nRULE\nData Descrição Documento Valor\n"
@@ -357,7 +357,7 @@ void tst_reports::otherPages()
     QString moved = pdfPages(modimpressao::document(report, modimpressao::movementPages())).join(u'\n');
     QVERIFY2(
         moved.contains(u"22/11/2026 Luz - Ana\nVencimento: 10/12/2026\nValor: R$ 10,00\nConta origem: Caixa\n"
-                       "Estatus: Pago\nInformações: à vista\nEstatísticas\nRULE132\n"_s),
+                       "Estatus: Pago\nInformações: à vista\nRULE132\nEstatísticas\n"_s),
         qPrintable(moved));
     using modimpressao::ListKind;
     const auto setup = modimpressao::listPages(ListKind::ByDueDate, *report.tables[0]);
