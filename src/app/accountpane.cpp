@@ -53,9 +53,7 @@ void AccountPane::makeCommands()
     addListExport(m_ui->comandos, *m_ui->lstcaixabanco, u"b"_s, [this] {
         return Report{.title = u"Caixas e bancos"_s,
                       .subtitle = u"Saldos"_s,
-                      .filterText = {},
                       .tables = {m_ui->lstcaixabanco->tableSource()},
-                      .lines = {},
                       .statistics = m_ui->txtresucaixa->toPlainText()};
     });
     connect(addCommand, &QAction::triggered, this, [this] { frmbanco::openNew(window()); });
@@ -82,10 +80,8 @@ bool AccountPane::refresh()
 
 int AccountPane::selectedOrTell()
 {
-    const int row = m_ui->lstcaixabanco->selectedRow();
-    if (row < 0 && m_ui->lstcaixabanco->rowCount() > 0)
-        messages::information(this, u"Caixa/Banco"_s, u"Selecione um caixa ou banco na lista."_s);
-    return row;
+    return m_ui->lstcaixabanco->selectedRowOrTell(u"Caixa/Banco"_s,
+                                                  u"Selecione um caixa ou banco na lista."_s);
 }
 
 void AccountPane::editSelected()

@@ -33,6 +33,7 @@ const EntryPaneNames &payablePaneNames()
                                       .installments = u"cmdmultiplosp"_s,
                                       .exportSuffix = u"p"_s,
                                       .reportTitle = u"Contas a pagar"_s,
+                                      .pages = modimpressao::ListKind::Payables,
                                       .centreLabel = u"Centro de c&usto:"_s,
                                       .contactLabel = u"Fo&rnecedor:"_s,
                                       .emptyText = u"Nenhuma conta a pagar com estes filtros"_s,
@@ -57,6 +58,7 @@ const EntryPaneNames &receivablePaneNames()
                                       .installments = u"cmdmultiplosr"_s,
                                       .exportSuffix = u"r"_s,
                                       .reportTitle = u"Contas a receber"_s,
+                                      .pages = modimpressao::ListKind::Receivables,
                                       .centreLabel = u"Centro de l&ucro:"_s,
                                       .contactLabel = u"Clie&nte:"_s,
                                       .emptyText = u"Nenhuma conta a receber com estes filtros"_s,
@@ -118,7 +120,8 @@ void EntryPane::makeCommands()
     removeCommand = command(m_names.remove, listcommand::removeLook(u"Remove os lançamentos selecionados"_s));
     settleCommand = command(m_names.settle, {u"Efetuar baixa"_s, u"dialog-ok-apply"_s,
                                              u"Marca o lançamento selecionado como concluído hoje"_s});
-    addListExport(m_ui->comandos, *m_ui->lista, m_names.exportSuffix, [this] { return report(); });
+    addListExport(
+        m_ui->comandos, *m_ui->lista, m_names.exportSuffix, [this] { return report(); }, m_names.pages);
     connect(m_ui->lista, &ListView::rowActivated, editCommand, &QAction::trigger);
     connect(m_ui->lista, &ListView::removeRequested, removeCommand, &QAction::trigger);
 }
@@ -129,7 +132,6 @@ Report EntryPane::report()
             .subtitle = m_applied.period,
             .filterText = entryfilter::description(m_applied),
             .tables = {m_ui->lista->tableSource()},
-            .lines = {},
             .statistics = m_ui->total->text()};
 }
 

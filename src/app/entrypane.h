@@ -1,7 +1,7 @@
 #pragma once
 
 #include "entries/entryfilter.h"
-#include "reports/report.h"
+#include "reports/modimpressao.h"
 #include "settings/listlayout.h"
 
 #include <QWidget>
@@ -23,6 +23,7 @@ struct EntryPaneNames
     QString add, edit, remove, settle, installments; ///< commands
     QString exportSuffix;                            ///< ends the names of the print and export commands
     QString reportTitle;
+    modimpressao::ListKind pages; ///< how the list is printed
     QString centreLabel, contactLabel, emptyText;
     const ListLayoutFile &layout;
 };
@@ -43,6 +44,7 @@ public:
 
     const Side &side() const { return m_side; }
     ListView &list();
+
     /// The query of the list as it is shown.
     QString query() const { return m_query; }
 

@@ -10,10 +10,9 @@
 using namespace Qt::StringLiterals;
 
 void addListExport(QBoxLayout *bar, ListView &list, const QString &suffix,
-                   const std::function<Report()> &report)
+                   const std::function<Report()> &report, std::optional<modimpressao::ListKind> pages)
 {
-    const ExportTexts texts{u"Salvar relatório em txt"_s, u"Arquivos de Texto(*.txt)"_s,
-                            u"Salvar relatório em html"_s, u"Arquivos HTML(*.html)"_s};
+    const ExportTexts &texts = exportar::reportTexts();
     QWidget *pane = bar->parentWidget();
     const auto command = [&](const QString &name, const listcommand::Look &look, const auto &run) {
         QObject::connect(listcommand::addButton(bar, list, name + suffix, look), &QAction::triggered, pane,
@@ -21,7 +20,12 @@ void addListExport(QBoxLayout *bar, ListView &list, const QString &suffix,
     };
     bar->addStretch();
     command(u"cmdimprimir"_s, {u"Imprimir"_s, u"document-print"_s, u"Imprime a lista"_s},
-            [pane, report] { exportar::print(pane, report()); });
+            [pane, report, pages] {
+                const Report shown = report();
+                exportar::print(pane, shown,
+                                pages ? modimpressao::listPages(*pages, *shown.tables.front())
+                                      : modimpressao::PageSetup());
+            });
     command(u"cmdtxt"_s, {u"TXT"_s, u"text-plain"_s, u"Salva a lista em um arquivo de texto"_s},
             [pane, report, texts] { exportar::saveText(pane, report(), texts); });
     command(u"cmdhtml"_s, {u"HTML"_s, u"text-html"_s, u"Salva a lista em uma página HTML"_s},

@@ -292,7 +292,8 @@ Connection::~Connection()
 void Connection::openFile(const QString &password)
 {
     const QByteArray name = QFile::encodeName(m_path);
-    if (sqlite3_open_v2(name.constData(), &m_database, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK)
+    constexpr int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX; // a connection stays in one thread
+    if (sqlite3_open_v2(name.constData(), &m_database, flags, nullptr) != SQLITE_OK)
         throw openingError(u"O arquivo do banco de dados \"%1\" não pôde ser aberto: %2."_s.arg(
             m_path, storeMessage(m_database)));
     struct stat file = {};
@@ -333,7 +334,7 @@ void Connection::checkUsable()
 {
     const int result = sqlite3_exec(m_database,
                                     "SELECT count(*) FROM sqlite_master;"
-                                    "PRAGMA cache_size=-32768;" // 32 MiB
+                                    "PRAGMA cache_size=-16384;" // 16 MiB
                                     "PRAGMA synchronous=FULL;",
                                     nullptr, nullptr, nullptr);
     switch (result & 0xff) {

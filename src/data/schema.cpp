@@ -90,7 +90,7 @@ CREATE TABLE CamposEtiqueta (
     Formato TEXT COLLATE NOCASE);
 )";
 
-// The first of each entry table and that of bancario hold all that an account's balance is computed from.
+// The first of each entry table and those of bancario hold all that an account's balance is computed from.
 constexpr char indexes[] = R"(
 CREATE INDEX pagar_saldo ON pagar (origem, estatus, valor);
 CREATE INDEX pagar_fornecedor ON pagar (fornecedor);
@@ -98,7 +98,8 @@ CREATE INDEX pagar_descricao ON pagar (descricao);
 CREATE INDEX receber_saldo ON receber (origem, estatus, valor);
 CREATE INDEX receber_cliente ON receber (cliente);
 CREATE INDEX receber_descricao ON receber (descricao);
-CREATE INDEX bancario_saldo ON bancario (origem, estatus, movimento, valor, destino);
+CREATE INDEX bancario_saldo ON bancario (origem, estatus, movimento, valor);
+CREATE INDEX bancario_destino ON bancario (destino, estatus, movimento, valor);
 CREATE INDEX banco_banco ON banco (banco);
 CREATE INDEX cliente_nome ON cliente (nome);
 CREATE INDEX fornecedor_nome ON fornecedor (nome);

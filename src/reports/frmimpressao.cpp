@@ -93,7 +93,13 @@ void frmimpressao::paintPreview()
 void frmimpressao::setLandscape(bool on)
 {
     m_printer->setPageOrientation(on ? QPageLayout::Landscape : QPageLayout::Portrait);
-    layOut();
+    try {
+        layOut();
+    } catch (const Error &error) { // a slip of paper may be too low lying on its side
+        exportar::showPageError(this, error);
+        m_ui->chkpaisagem->setChecked(!on);
+        return;
+    }
     m_preview->updatePreview();
     m_preview->fitToWidth();
 }

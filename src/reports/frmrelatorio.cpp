@@ -48,22 +48,23 @@ void showText(QLabel *label, const QString &text)
     label->setVisible(!text.isEmpty());
 }
 
-ExportTexts exportTexts(const QString &textFilter)
+ExportTexts withTextFilter(const QString &filter)
 {
-    return {u"Salvar relatório em txt"_s, textFilter, u"Salvar relatório em html"_s,
-            u"Arquivos HTML(*.html)"_s};
+    ExportTexts texts = exportar::reportTexts();
+    texts.textFilter = filter;
+    return texts;
 }
 
 } // namespace
 
 ReportScreen reportscreen::general()
 {
-    return {u"frmRelatorio"_s, exportTexts(u"Arquivos de Texto(*.txt)"_s), {}};
+    return {u"frmRelatorio"_s, exportar::reportTexts(), {}};
 }
 
 ReportScreen reportscreen::movement()
 {
-    return {u"frmMovimento"_s, exportTexts(u"Arquivo de texto(*.txt)"_s), modimpressao::movementPages()};
+    return {u"frmMovimento"_s, withTextFilter(u"Arquivo de texto(*.txt)"_s), modimpressao::movementPages()};
 }
 
 frmRelatorio::frmRelatorio(Report report, ReportScreen screen, QWidget *parent)

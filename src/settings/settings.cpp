@@ -7,11 +7,15 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
-#include <QLockFile>
 #include <QStandardPaths>
+#include <QThread>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -55,6 +59,24 @@ Store &store()
         QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/tavaro"_s, {}};
     return instance;
 }
+
+/// Taken while settings change, so that two running programs keep each other's keys. Unlike a lock file it
+/// needs no write to the disk and ends with its program.
+class FolderLock
+{
+public:
+    FolderLock() : m_folder(::open(QFile::encodeName(store().folder).constData(), O_RDONLY | O_CLOEXEC))
+    {
+        // Saving matters more than waiting: after two seconds it goes on without.
+        for (int i = 0; i < 200 && ::flock(m_folder, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK; ++i)
+            QThread::msleep(10);
+    }
+    ~FolderLock() { ::close(m_folder); }
+    Q_DISABLE_COPY_MOVE(FolderLock)
+
+private:
+    int m_folder;
+};
 
 QString pathFor(const QString &application)
 {
@@ -101,11 +123,10 @@ QString read(const QString &appName, const QString &section, const QString &key,
 
 void write(const QString &appName, const QString &section, const QString &key, const QString &value)
 {
+    if (!value.isEmpty() && read(appName, section, key, QString()) == value)
+        return; // a write waits for the disk
     makeFolder();
-    QLockFile lock(store().folder + u'/' + appName + u".lock"_s);
-    lock.tryLock(
-        2000); // so that two running programs keep each other's keys; saving matters more than waiting
-
+    const FolderLock lock;
     Loaded &loaded = current(appName);
     IniFile changed = loaded.file;
     changed.setValue(section, key, value);

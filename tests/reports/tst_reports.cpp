@@ -251,7 +251,7 @@ void tst_reports::textReport()
                             "Descrição  Valor     \n*********  ********  \n\nLuz        R$ 10,00  \n\n"
                             "Filtrado por: hoje\n"
                             "Gerado domingo, 22 de novembro de 2026 às 14:05:09\n\nTavaro\n"
-                            "Organizando a sua vida financeira\nloja.example\n"_s);
+                            "© Tavaro - controle financeiro e de estoque\nloja.example\n"_s);
 }
 
 void tst_reports::htmlReport()
@@ -265,8 +265,8 @@ void tst_reports::htmlReport()
     reporttext::saveHtml(path, report, nullptr);
     QCOMPARE(
         content(path),
-        u"<!DOCTYPE html>\n<html>\n<head>\n<meta charset='utf-8'>\n<title>CONTAS A PAGAR - Abril &amp; "
-        u"maio</title>\n"
+        u"<html>\n<head>\n<title>CONTAS A PAGAR - Abril &amp; "
+        u"maio</title>\n<meta charset='utf-8'>\n"
         "<p><font face='Arial'>\n<center><b>CONTAS A PAGAR - Abril &amp; maio</b>\n<hr>\n"
         "Relatório &lt;geral&gt;\n<br>\nTavaro organizando a sua vida "
         "financeira!<br><br>\n</center></font></p>\n"
@@ -278,7 +278,7 @@ void tst_reports::htmlReport()
         "<p><font face='Arial'><center>\n"
         "<br><b>Estatísticas</b><hr>Total: 1<br>Valor: &quot;10&quot;<hr><br>\n"
         "Gerado domingo, 22 de novembro de 2026 às 14:05:09<br>\n<br>\n<b>Loja &lt;da&gt; Ana</b><br>\n<br>\n"
-        "Organizando a sua vida financeira<br>\n"
+        "© Tavaro - controle financeiro e de estoque<br>\n"
         "<p><a href='https://loja.example/?a=&#39;b'>loja.example/?a=&#39;b</a></p>\n</center></font></p>\n"_s);
 }
 
@@ -326,7 +326,7 @@ void tst_reports::pages()
     const QStringList pages = pdfPages(modimpressao::document(report));
     QCOMPARE(pages.size(), 3);
     const QString header =
-        u"Gerado domingo, 22 de novembro de 2026 às 14:05:09\nTavaro\nOrganizando a sua vida financeira\n"_s;
+        u"Gerado domingo, 22 de novembro de 2026 às 14:05:09\nTavaro\n© Tavaro - controle financeiro e de estoque\n"_s;
     QCOMPARE(pages[0].left(pages[0].indexOf(u"22/11/2026 Item 2 "_s)),
              header +
                  u"CONTAS A PAGAR\nAbril & maio\nRelatório <geral>\nRULE\nData Descrição Documento Valor\n"
@@ -358,7 +358,7 @@ void tst_reports::otherPages()
     QString moved = pdfPages(modimpressao::document(report, modimpressao::movementPages())).join(u'\n');
     QVERIFY2(
         moved.contains(u"22/11/2026 Luz - Ana\nVencimento: 10/12/2026\nValor: R$ 10,00\nConta origem: Caixa\n"
-                       "Estatus: Pago\nInformações: à vista\nEstatísticas\nRULE132\n"_s),
+                       "Estatus: Pago\nInformações: à vista\nRULE132\nEstatísticas\n"_s),
         qPrintable(moved));
     using modimpressao::ListKind;
     const auto setup = modimpressao::listPages(ListKind::ByDueDate, *report.tables[0]);

@@ -1,0 +1,20 @@
+#pragma once
+
+class QString;
+class Table;
+
+/// What the program shows: a list filled and filtered, balances, the connection opened again.
+void measureLists(Table &table);
+void measureAccounts(Table &table);
+void measureOpening(Table &table);
+/// From the start of a process to a window that answers.
+void measureStart(Table &table);
+void measureSaving(Table &table);
+void measureReports(Table &table);
+/// The summary of all centres.
+void measureCentres(Table &table);
+void measureGrowth(Table &table);
+
+/// Tasks of a process of their own: start the program until its window answers; make a PDF of all payables.
+void startOnly(const QString &folder);
+void printOnly(const QString &folder);
