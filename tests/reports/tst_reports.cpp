@@ -175,6 +175,7 @@ private Q_SLOTS:
     void aFailedWriteKeepsTheOlderFile();
     void pages();
     void otherPages();
+    void longLinesAreWrapped();
     void wideListsKeepTheirAmounts();
     void screenSavesWhatItShows();
     void failuresAreTold();
@@ -366,6 +367,20 @@ void tst_reports::otherPages()
                  u"RULE\nVENC. DESCRIÇÃO DOC. FORNECEDOR/CLIENTE\n10/12/2026 Luz - Ana\n"
                  "Data: 22/11/2026 Valor: R$ 10,00 Estatus: Pago Conta: Caixa Informações: à vista\n"_s),
              qPrintable(moved));
+}
+
+void tst_reports::longLinesAreWrapped()
+{
+    QStringList words;
+    for (int i = 1; i <= 60; ++i)
+        words << u"palavra%1"_s.arg(i);
+    const QString unbroken(200, u'w');
+    Report report = sample();
+    report.statistics = words.join(u' ') + u' ' + unbroken + u"\nfim"_s;
+    const QString text = pdfPages(modimpressao::document(report)).join(u' ').replace(u'\n', u' ');
+    QVERIFY2(text.contains(words.join(u' ')), qPrintable(text));
+    QCOMPARE(text.count(u'w'), unbroken.size());
+    QVERIFY(text.contains(u"w fim "_s));
 }
 
 void tst_reports::wideListsKeepTheirAmounts()
