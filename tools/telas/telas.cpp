@@ -177,7 +177,6 @@ void screens(Pictures &pictures, frmPrincipal &window)
     frmConfigSoft configuration(&window);
     configuration.show();
     pictures.takeAndClose(&configuration, u"configuracoes"_s);
-    contacts(pictures, window);
     frmCarregando wait(&window);
     wait.setTexts(u"Carregando contas a pagar"_s,
                   u"Por favor aguarde enquanto o software carrega os dados."_s);
