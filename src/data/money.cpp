@@ -69,7 +69,6 @@ public:
     }
     void point() { m_point = true; }
     bool hasPoint() const { return m_point; }
-    bool any() const { return m_any; }
 
     std::optional<Money> finish(bool negative)
     {
@@ -162,19 +161,6 @@ std::optional<Money> parseBrazilian(View text)
     return digits.finish(negative);
 }
 
-/// A real number in the store's notation with an exponent, which no fixed notation was short enough for.
-std::optional<Money> parseExponent(std::string_view ascii)
-{
-    double number = 0;
-    const auto [end, error] = std::from_chars(ascii.data(), ascii.data() + ascii.size(), number);
-    if (error != std::errc() || end != ascii.data() + ascii.size())
-        return std::nullopt;
-    const double units = std::round(number * double(perUnit));
-    if (!(std::abs(units) < 9.2e18))
-        return std::nullopt;
-    return Money::fromTenThousandths(qint64(units));
-}
-
 /// A number written backwards into a small buffer.
 class Writer
 {
@@ -249,26 +235,6 @@ std::optional<Money> Money::parse(QStringView text)
 std::optional<Money> Money::parse(std::string_view utf8)
 {
     return parseBrazilian(utf8);
-}
-
-std::optional<Money> Money::parsePlain(std::string_view ascii)
-{
-    Digits digits;
-    bool negative = false;
-    for (std::size_t i = 0; i < ascii.size(); ++i) {
-        const char c = ascii[i];
-        if (c >= '0' && c <= '9')
-            digits.add(unsigned(c - '0'));
-        else if (c == '.' && !digits.hasPoint())
-            digits.point();
-        else if (i == 0 && (c == '-' || c == '+'))
-            negative = c == '-';
-        else if ((c == 'e' || c == 'E') && digits.any())
-            return parseExponent(ascii);
-        else
-            return std::nullopt;
-    }
-    return digits.finish(negative);
 }
 
 Money Money::operator+(Money other) const

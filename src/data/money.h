@@ -26,8 +26,6 @@ public:
     /// As parse(), for text that a table holds: what is not a number counts as zero.
     static Money stored(std::string_view utf8) { return parse(utf8).value_or(Money()); }
     static Money stored(QStringView text) { return parse(text).value_or(Money()); }
-    /// Reads a plain number as SQL writes it: "12.5".
-    static std::optional<Money> parsePlain(std::string_view ascii);
 
     constexpr qint64 tenThousandths() const { return m_units; }
     constexpr bool isZero() const { return m_units == 0; }

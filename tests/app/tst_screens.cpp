@@ -52,6 +52,7 @@ class tst_screens : public QObject
 
 private Q_SLOTS:
     void addingAPayable();
+    void enterWalksTheEntryScreen();
     void continuingLeavesTheMainWindowAlone();
     void missingFieldsAndFailedSaves();
     void sellingWarnsOfLowStock();
@@ -87,6 +88,27 @@ void tst_screens::addingAPayable()
     QCOMPARE(shop.program.rows(
                  u"select estatus, origem, data, vencimento, documento, produto, qtde, moeda from pagar"_s),
              u"Pendente | Caixa | 2026/11/14 | 2026/11/14 |   | - |  | R$\n"_s);
+}
+
+void tst_screens::enterWalksTheEntryScreen()
+{
+    Shop shop;
+    addBasics(shop.program);
+    shop.open();
+    shop.command(u"mnucaddespesas"_s);
+    shop.type(u"txtdescricao"_s, u"Luz"_s);
+    shop.find<QComboBox>(u"txtdescricao"_s)->setFocus();
+    QStringList walked;
+    for (QString name; name != u"cmdinserir" && walked.size() < 20; walked << name) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        name = QApplication::focusWidget()->objectName();
+    }
+    QCOMPARE(walked.join(u' '),
+             u"cbotipo cbomoeda txtvalor cboestatus txtdata txtvencimento cboorigem txtdocumento "
+             "cboproduto txtqtde txtinfo chkcontinuar cmdinserir"_s);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); // presses the button
+    QVERIFY(shop.boxes.seen().join(u'\n').startsWith(
+        u"exclamation | Erro | Os seguintes dados estão em branco: "_s));
 }
 
 void tst_screens::continuingLeavesTheMainWindowAlone()
