@@ -88,6 +88,17 @@ QString grown(qint64 entries)
     });
 }
 
+QString centres()
+{
+    return made(u"centres"_s, [](Connection &connection) {
+        fillDemo(connection, {.entries = 400'000, .movements = 0, .seed = 1, .today = QDate(2026, 6, 30)});
+        run(connection, u"DELETE FROM pcontapagar"_s);
+        for (int i = 0; i < 50; ++i)
+            run(connection, u"INSERT INTO pcontapagar VALUES ('Centro de custo %1')"_s.arg(i));
+        run(connection, u"UPDATE pagar SET descricao = 'Centro de custo ' || código % 50"_s);
+    });
+}
+
 QString copyOf(const QString &folder, const QString &name)
 {
     const QString copy = root() + name;

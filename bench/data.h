@@ -17,6 +17,8 @@ QString large();
 QString empty();
 /// As many payables and receivables together as `entries`.
 QString grown(qint64 entries);
+/// 200,000 payables spread over 50 centres.
+QString centres();
 /// A copy of a folder, to be written to; replaced when there is one.
 QString copyOf(const QString &folder, const QString &name);
 

@@ -1,6 +1,6 @@
 #include "floor.h"
 
-#include "bank/movementlist.h"
+#include "bank/movement.h"
 #include "data/schema.h"
 
 #include <QFile>
@@ -37,36 +37,61 @@ Floor::~Floor()
     sqlite3_close(m_database);
 }
 
-void Floor::execute(const char *sql)
+void Floor::fail(const char *sql) const
 {
-    if (sqlite3_exec(m_database, sql, nullptr, nullptr, nullptr) == SQLITE_OK)
-        return;
     std::fprintf(stderr, "%s: %s\n", sql, sqlite3_errmsg(m_database));
     std::abort();
+}
+
+void Floor::execute(const char *sql)
+{
+    if (sqlite3_exec(m_database, sql, nullptr, nullptr, nullptr) != SQLITE_OK)
+        fail(sql);
 }
 
 template <typename Row>
 void Floor::each(const char *sql, const Row &row)
 {
     sqlite3_stmt *rows = nullptr;
-    if (sqlite3_prepare_v2(m_database, sql, -1, &rows, nullptr) != SQLITE_OK) {
-        std::fprintf(stderr, "%s: %s\n", sql, sqlite3_errmsg(m_database));
-        std::abort();
-    }
+    if (sqlite3_prepare_v2(m_database, sql, -1, &rows, nullptr) != SQLITE_OK)
+        fail(sql);
     while (sqlite3_step(rows) == SQLITE_ROW)
         row(rows);
     sqlite3_finalize(rows);
 }
 
-qint64 Floor::readTexts(const QByteArray &sql)
+void Floor::execute(const char *sql, int times)
 {
-    qint64 bytes = 0;
-    each(sql.constData(), [&bytes](sqlite3_stmt *row) {
+    sqlite3_stmt *statement = nullptr;
+    sqlite3_prepare_v2(m_database, sql, -1, &statement, nullptr);
+    for (int i = 0; i < times; ++i) {
+        sqlite3_step(statement);
+        sqlite3_reset(statement);
+    }
+    if (sqlite3_finalize(statement) != SQLITE_OK)
+        fail(sql);
+}
+
+void Floor::readTexts(const QByteArray &sql, const std::function<void()> &done)
+{
+    each(sql.constData(), [&done](sqlite3_stmt *row) {
         const int columns = sqlite3_column_count(row);
         for (int i = 0; i < columns; ++i)
-            bytes += qint64(text(row, i).size());
+            sqlite3_column_text(row, i);
+        if (done)
+            done();
     });
-    return bytes;
+}
+
+Money Floor::sum(const char *sql)
+{
+    Money sum;
+    each(sql, [&sum](sqlite3_stmt *row) {
+        sqlite3_column_text(row, 0);
+        sqlite3_column_text(row, 2);
+        sum += Money::stored(text(row, 1)).roundedToCents();
+    });
+    return sum;
 }
 
 std::map<std::string, Money> Floor::settledSums()

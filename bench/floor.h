@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
 #include <map>
 #include <string>
 
@@ -21,13 +22,19 @@ public:
     Floor &operator=(const Floor &) = delete;
 
     void execute(const char *sql);
-    /// Steps through all rows and asks for every column as text; gives the bytes of all texts.
-    qint64 readTexts(const QByteArray &sql);
+    /// Runs a prepared statement so often.
+    void execute(const char *sql, int times);
+    /// Steps through all rows, asks for every column as text and calls `done` after each row.
+    void readTexts(const QByteArray &sql, const std::function<void()> &done = {});
+    /// Adds up the amounts in the second of three columns, parsed and rounded; the others are asked for as
+    /// text.
+    Money sum(const char *sql);
     /// What every account's balance adds up to beside its opening balance: one pass over indexes that hold
     /// all it takes, with each amount parsed and rounded.
     std::map<std::string, Money> settledSums();
 
 private:
+    [[noreturn]] void fail(const char *sql) const;
     template <typename Row>
     void each(const char *sql, const Row &row);
 

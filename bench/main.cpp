@@ -2,6 +2,7 @@
 
 #include "data/clock.h"
 #include "measures.h"
+#include "process.h"
 #include "table.h"
 
 #include <QApplication>
@@ -18,12 +19,16 @@ int main(int argc, char *argv[])
     QApplication app(argc, argv);
     programclock::set(QDateTime(QDate(2026, 6, 30), QTime(9, 0)));
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() == 3 && arguments[1] == u"--start")
-        return startOnly(arguments[2]);
+    if (arguments.size() == 3 && arguments[1].startsWith(u"--"_s)) {
+        (arguments[1] == u"--start" ? startOnly : printOnly)(arguments[2]);
+        tellFinished();
+        return 0;
+    }
 
     const std::pair<QString, void (*)(Table &)> groups[] = {
-        {u"lists"_s, measureLists}, {u"accounts"_s, measureAccounts}, {u"opening"_s, measureOpening},
-        {u"start"_s, measureStart}, {u"saving"_s, measureSaving},     {u"growth"_s, measureGrowth},
+        {u"lists"_s, measureLists},     {u"accounts"_s, measureAccounts}, {u"centres"_s, measureCentres},
+        {u"opening"_s, measureOpening}, {u"start"_s, measureStart},       {u"saving"_s, measureSaving},
+        {u"reports"_s, measureReports}, {u"growth"_s, measureGrowth},
     };
     Table table;
     bool found = false;
@@ -34,7 +39,8 @@ int main(int argc, char *argv[])
         found = true;
     }
     if (!found) {
-        std::fputs("usage: tavaro-bench [lists|accounts|opening|start|saving|growth]...\n", stderr);
+        std::fputs("usage: tavaro-bench [lists|accounts|centres|opening|start|saving|reports|growth]...\n",
+                   stderr);
         return 2;
     }
     return table.allWithinBounds() ? 0 : 1;

@@ -9,8 +9,12 @@ void measureAccounts(Table &table);
 void measureOpening(Table &table);
 /// From the start of a process to a window that answers.
 void measureStart(Table &table);
-/// The other process of measureStart(): starts the program on the folder, and prints the nanosecond (of the
-/// monotonic clock) at which its window answers and the most KiB of memory that the process ever had.
-int startOnly(const QString &folder);
 void measureSaving(Table &table);
+void measureReports(Table &table);
+/// The summary of all centres.
+void measureCentres(Table &table);
 void measureGrowth(Table &table);
+
+/// Tasks of a process of their own: start the program until its window answers; make a PDF of all payables.
+void startOnly(const QString &folder);
+void printOnly(const QString &folder);

@@ -9,54 +9,14 @@
 #include "entries/entryfilter.h"
 #include "floor.h"
 #include "measures.h"
+#include "process.h"
 #include "table.h"
 
 #include <QApplication>
-#include <QFile>
-#include <QProcess>
-
-#include <cstdio>
-#include <ctime>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-qint64 nowNanoseconds()
-{
-    timespec now{};
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    return qint64(now.tv_sec) * 1'000'000'000 + now.tv_nsec;
-}
-
-/// Of this program alone: what the kernel reports for a child begins with the memory of its parent.
-qint64 peakKiB()
-{
-    QFile status(u"/proc/self/status"_s);
-    if (status.open(QIODevice::ReadOnly))
-        for (const QByteArray &line : status.readAll().split('\n'))
-            if (line.startsWith("VmHWM:"))
-                return line.mid(6).trimmed().split(' ').first().toLongLong();
-    return 0;
-}
-
-struct Start
-{
-    double seconds;
-    double mebibytes;
-};
-
-Start startProcess(const QString &folder)
-{
-    QProcess process;
-    const qint64 begin = nowNanoseconds();
-    process.start(QCoreApplication::applicationFilePath(), {u"--start"_s, folder});
-    process.waitForFinished(-1);
-    const QList<QByteArray> answer = process.readAllStandardOutput().trimmed().split(' ');
-    if (process.exitCode() != 0 || answer.size() != 2)
-        qFatal("The start did not come to its end");
-    return {double(answer[0].toLongLong() - begin) / 1e9, double(answer[1].toLongLong()) / 1024};
-}
 
 /// The three lists as the main window asks for them, and the balances.
 void readAll(Floor &floor)
@@ -76,8 +36,8 @@ void measureStart(Table &table)
     const QString large = benchdata::large(), empty = benchdata::empty();
     std::vector<double> fullTime, emptyTime, floorTime, fullMemory, emptyMemory;
     for (int i = 0; i < 9; ++i) {
-        const Start ofFull = startProcess(large);
-        const Start ofEmpty = startProcess(empty);
+        const Finished ofFull = runAlone(u"--start"_s, large);
+        const Finished ofEmpty = runAlone(u"--start"_s, empty);
         Floor floor(benchdata::databaseIn(large));
         if (i == 0) // the first reads the files from the disk
             continue;
@@ -94,7 +54,7 @@ void measureStart(Table &table)
               QString::number(before, 'f', 0), peak - before, 100);
 }
 
-int startOnly(const QString &folder)
+void startOnly(const QString &folder)
 {
     benchdata::use(folder);
     icons::choose();
@@ -107,7 +67,4 @@ int startOnly(const QString &folder)
     while (!answered)
         QCoreApplication::processEvents();
     window.repaint();
-    const qint64 end = nowNanoseconds();
-    std::printf("%lld %lld\n", static_cast<long long>(end), static_cast<long long>(peakKiB()));
-    return 0;
 }
