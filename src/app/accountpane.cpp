@@ -80,10 +80,8 @@ bool AccountPane::refresh()
 
 int AccountPane::selectedOrTell()
 {
-    const int row = m_ui->lstcaixabanco->selectedRow();
-    if (row < 0 && m_ui->lstcaixabanco->rowCount() > 0)
-        messages::information(this, u"Caixa/Banco"_s, u"Selecione um caixa ou banco na lista."_s);
-    return row;
+    return m_ui->lstcaixabanco->selectedRowOrTell(u"Caixa/Banco"_s,
+                                                  u"Selecione um caixa ou banco na lista."_s);
 }
 
 void AccountPane::editSelected()

@@ -27,10 +27,7 @@ EntryCommands::EntryCommands(EntryPane &pane, EntryPane &stockPane, QObject *par
 
 int EntryCommands::selectedOrTell()
 {
-    const int row = m_pane.list().selectedRow();
-    if (row < 0 && m_pane.list().rowCount() > 0)
-        messages::information(&m_pane, u"Lançamentos"_s, u"Selecione um lançamento na lista."_s);
-    return row;
+    return m_pane.list().selectedRowOrTell(u"Lançamentos"_s, u"Selecione um lançamento na lista."_s);
 }
 
 void EntryCommands::add()
@@ -62,8 +59,7 @@ void EntryCommands::remove()
 {
     if (selectedOrTell() < 0)
         return;
-    if (!messages::question(&m_pane, u"Remover"_s,
-                            u"Tem certeza que deseja remover o item selecionado do banco de dados?"_s))
+    if (!messages::confirmRemoval(&m_pane))
         return;
     std::vector<EntryRemoval> removals;
     for (const int row : m_pane.list().selectedRows()) {
@@ -77,7 +73,7 @@ void EntryCommands::remove()
         }
         removals.push_back(*removal);
     }
-    const bool removed = messages::guarded(&m_pane, u"Ocorreu o seguinte erro ao tentar remover os dados: ",
+    const bool removed = messages::guarded(&m_pane, messages::removePrefix,
                                            [&] { entry::remove(openDatabase(), m_pane.side(), removals); });
     if (removed)
         Q_EMIT changed();

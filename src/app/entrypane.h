@@ -44,6 +44,7 @@ public:
 
     const Side &side() const { return m_side; }
     ListView &list();
+
     /// The query of the list as it is shown.
     QString query() const { return m_query; }
 

@@ -8,7 +8,6 @@
 #include "app/liststyle.h"
 #include "app/movementpane.h"
 #include "app/screencommands.h"
-#include "bank/frmbanco.h"
 #include "data/clock.h"
 #include "data/dates.h"
 #include "settings/autostart.h"
@@ -89,6 +88,7 @@ void frmPrincipal::connectCommands()
             if (const QString problem = autostart::setEnabled(on); !problem.isEmpty())
                 messages::exclamation(this, u"Iniciar com o sistema"_s, problem);
         });
+        applySettings(); // the mark shows what is stored
     });
     connect(m_ui->mnucalc, &QAction::triggered, this, [this] { externaltools::calculator(this); });
     connect(m_ui->mnunotepad, &QAction::triggered, this, [this] { externaltools::textEditor(this); });
@@ -133,6 +133,7 @@ void frmPrincipal::start()
     m_payables->restoreLayout();
     m_receivables->restoreLayout();
     m_movements->restoreLayout();
+    m_layoutShown = true;
 }
 
 void frmPrincipal::reloadEntries(EntryPane &pane)
@@ -207,10 +208,11 @@ void frmPrincipal::applySettings()
 
 void frmPrincipal::closeEvent(QCloseEvent *event)
 {
-    messages::guarded(this, messages::generalPrefix, [this] {
-        m_payables->saveLayout();
-        m_receivables->saveLayout();
-        m_movements->saveLayout();
-    });
+    if (m_layoutShown)
+        messages::guarded(this, messages::generalPrefix, [this] {
+            m_payables->saveLayout();
+            m_receivables->saveLayout();
+            m_movements->saveLayout();
+        });
     QMainWindow::closeEvent(event);
 }

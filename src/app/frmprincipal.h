@@ -52,5 +52,6 @@ private:
     MovementPane *m_movements;
     AccountPane *m_accounts;
     QLabel *m_welcome;
-    bool m_ownChange = false; ///< an announcement of this window itself
+    bool m_layoutShown = false; ///< the saved column layout was applied, so what is shown may replace it
+    bool m_ownChange = false;   ///< an announcement of this window itself
 };

@@ -12,8 +12,7 @@ using namespace Qt::StringLiterals;
 void addListExport(QBoxLayout *bar, ListView &list, const QString &suffix,
                    const std::function<Report()> &report, std::optional<modimpressao::ListKind> pages)
 {
-    const ExportTexts texts{u"Salvar relatório em txt"_s, u"Arquivos de Texto(*.txt)"_s,
-                            u"Salvar relatório em html"_s, u"Arquivos HTML(*.html)"_s};
+    const ExportTexts &texts = exportar::reportTexts();
     QWidget *pane = bar->parentWidget();
     const auto command = [&](const QString &name, const listcommand::Look &look, const auto &run) {
         QObject::connect(listcommand::addButton(bar, list, name + suffix, look), &QAction::triggered, pane,

@@ -69,10 +69,8 @@ void MovementPane::makeCommands()
 
 int MovementPane::selectedOrTell()
 {
-    const int row = m_ui->lstmovimento->selectedRow();
-    if (row < 0 && m_ui->lstmovimento->rowCount() > 0)
-        messages::information(this, u"Movimento bancário"_s, u"Selecione um movimento na lista."_s);
-    return row;
+    return m_ui->lstmovimento->selectedRowOrTell(u"Movimento bancário"_s,
+                                                 u"Selecione um movimento na lista."_s);
 }
 
 void MovementPane::editSelected()
@@ -86,14 +84,12 @@ void MovementPane::removeSelected()
 {
     if (selectedOrTell() < 0)
         return;
-    if (!messages::question(this, u"Remover"_s,
-                            u"Tem certeza que deseja remover o item selecionado do banco de dados?"_s))
+    if (!messages::confirmRemoval(this))
         return;
     std::vector<qint64> codes;
     for (const int row : m_ui->lstmovimento->selectedRows())
         codes.push_back(m_ui->lstmovimento->cell(row, 0).toLongLong());
-    if (messages::guarded(this, u"Ocorreu o seguinte erro ao tentar remover os dados: ",
-                          [&] { movement::remove(openDatabase(), codes); }))
+    if (messages::guarded(this, messages::removePrefix, [&] { movement::remove(openDatabase(), codes); }))
         Q_EMIT changed();
 }
 
@@ -146,7 +142,6 @@ bool MovementPane::reload()
         MovementList movements = movementlist::load(openDatabase(), query, &progress);
         m_ui->lstmovimento->setRows(std::move(movements.rows));
         m_ui->lbltotalm->setText(movements.totals.text());
-        m_query = query;
     });
 }
 

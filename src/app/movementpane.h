@@ -23,7 +23,6 @@ public:
     ~MovementPane() override;
 
     ListView &list();
-    QString query() const { return m_query; }
     void restoreFilters();
     bool reload();
     void restoreLayout();
@@ -47,5 +46,4 @@ private:
 
     std::unique_ptr<Ui::MovementPane> m_ui;
     MovementFilter m_applied;
-    QString m_query;
 };

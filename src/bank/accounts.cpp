@@ -166,7 +166,7 @@ void change(Connection &connection, const QString &name, const AccountForm &form
 {
     Transaction transaction(connection);
     Recordset row(connection, byName(name));
-    if (!row.next())
+    if (!row.nextNamed(u"banco", name))
         throw Error(Error::Kind::Data, u"o caixa/banco \"%1\" não existe mais."_s.arg(name));
     row.set(u"informacoes", formtext::freeText(form.notes));
     row.set(u"saldo", openingText(form));
@@ -184,7 +184,7 @@ void remove(Connection &connection, const QString &name)
 std::optional<AccountForm> load(Connection &connection, const QString &name)
 {
     Recordset row(connection, byName(name));
-    if (!row.next())
+    if (!row.nextNamed(u"banco", name))
         return std::nullopt;
     return AccountForm{row.text(u"banco"), Money::stored(row.text(u"saldo")).grouped(),
                        row.text(u"informacoes")};

@@ -16,6 +16,7 @@ frmbanco::frmbanco(QWidget *parent) : QDialog(parent), m_ui(std::make_unique<Ui:
     setAttribute(Qt::WA_DeleteOnClose);
     background::apply(this);
     formkeys::enterMovesOn(this);
+    formkeys::modalOverDialog(this);
     connect(m_ui->cmdinserir, &QPushButton::clicked, this, &frmbanco::save);
     connect(m_ui->cmdcancelar, &QPushButton::clicked, this, &QDialog::close);
 }

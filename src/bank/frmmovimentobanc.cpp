@@ -12,12 +12,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-const QString savePrefix = u"Ocorreu o seguinte erro ao tentar cadastrar os dados: "_s;
-
-}
-
 frmmovimentobanc::frmmovimentobanc(const MovementScreen &screen, QWidget *parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::frmmovimentobanc>()), m_screen(screen)
 {
@@ -32,7 +26,8 @@ frmmovimentobanc::frmmovimentobanc(const MovementScreen &screen, QWidget *parent
 
     m_ui->txtvalor->setPrefix(u"R$ "_s);
     m_ui->txtdata->setDate(programclock::today());
-    m_ui->cbomovimento->setCompleter(nullptr); // the kind is stored in the letter case in which it was typed
+    for (QComboBox *box : {m_ui->cbomovimento, m_ui->cboorigem, m_ui->cbodestino})
+        box->setCompleter(nullptr); // what is typed is stored as it stands
     m_ui->cbomovimento->addItems(movement::kinds());
     m_ui->cboestatus->addItems(status::words());
     kindChosen();
@@ -129,7 +124,7 @@ void frmmovimentobanc::save()
         m_ui->cmdadicionar->setFocus(); // a disabled button had to give it away
         return;
     }
-    const bool saved = messages::guarded(this, savePrefix, [&] {
+    const bool saved = messages::guarded(this, messages::savePrefix, [&] {
         if (m_code == 0)
             movement::add(openDatabase(), typed);
         else

@@ -67,18 +67,25 @@ QString baseQuery(period::Choice choice, const QString &kind, QDate today)
     }
 }
 
-void add(MovementTotals::Kind &kind, Money value)
-{
-    kind.sum += value;
-    ++kind.count;
-}
-
 QString sumText(const MovementTotals::Kind &kind)
 {
     return kind.sum.inReais() + u" ("_s + QString::number(kind.count) + u" cad.)"_s;
 }
 
 } // namespace
+
+void MovementTotals::add(QStringView kind, QStringView state, Money value)
+{
+    const std::pair<QStringView, Kind &> kinds[] = {
+        {movement::deposit, deposits}, {movement::withdrawal, withdrawals}, {movement::transfer, transfers}};
+    for (const auto &[word, sum] : kinds) {
+        if (kind != word)
+            continue;
+        sum.sum += value;
+        ++sum.count;
+    }
+    (state == status::pending ? pending : settled) += value;
+}
 
 QString MovementTotals::text() const
 {
@@ -128,25 +135,20 @@ MovementList load(Connection &connection, const QString &query, Progress *progre
     MovementList list{RowStore(int(columns().size())), {}};
     if (progress)
         progress->begin([&rows] { return rows.count(); });
-    std::string date, amount;
-    const std::string deposit = movement::deposit.toUtf8().toStdString();
-    const std::string withdrawal = movement::withdrawal.toUtf8().toStdString();
-    const std::string pending = status::pending.toUtf8().toStdString();
+    const int code = rows.column(u"código"), data = rows.column(u"data"), kind = rows.column(u"movimento"),
+              origin = rows.column(u"origem"), destination = rows.column(u"destino"),
+              value = rows.column(u"valor"), state = rows.column(u"estatus"),
+              notes = rows.column(u"informacoes");
+    std::string date, amountText;
     while (rows.next()) {
-        const Money value = Money::stored(rows.utf8(rows.column(u"valor")));
-        const std::string_view kind = rows.utf8(rows.column(u"movimento"));
+        const Money amount = Money::stored(rows.utf8(value));
         date.clear();
-        dates::appendShown(rows.utf8(rows.column(u"data")), date);
-        amount = "R$ ";
-        value.appendGrouped(amount);
-        list.rows.append({rows.utf8(rows.column(u"código")), date, kind, rows.utf8(rows.column(u"origem")),
-                          rows.utf8(rows.column(u"destino")), amount, rows.utf8(rows.column(u"estatus")),
-                          rows.utf8(rows.column(u"informacoes"))});
-        add(kind == deposit      ? list.totals.deposits
-            : kind == withdrawal ? list.totals.withdrawals
-                                 : list.totals.transfers,
-            value);
-        (rows.utf8(rows.column(u"estatus")) == pending ? list.totals.pending : list.totals.settled) += value;
+        dates::appendShown(rows.utf8(data), date);
+        amountText = "R$ ";
+        amount.appendGrouped(amountText);
+        list.rows.append({rows.utf8(code), date, rows.utf8(kind), rows.utf8(origin), rows.utf8(destination),
+                          amountText, rows.utf8(state), rows.utf8(notes)});
+        list.totals.add(rows.text(kind), rows.text(state), amount);
         if (progress)
             progress->advance(list.rows.rowCount());
     }

@@ -28,6 +28,8 @@ struct MovementTotals
     Kind deposits, withdrawals, transfers;
     Money pending, settled; ///< all kinds together, by status
 
+    /// Counts one row; a kind that was typed otherwise belongs to none of the three.
+    void add(QStringView kind, QStringView state, Money value);
     QString text() const;
 };
 

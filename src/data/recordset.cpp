@@ -23,6 +23,14 @@ Recordset::Recordset(Connection &connection, const QString &source) : m_connecti
         m_columns << m_rows->columnName(i);
 }
 
+bool Recordset::nextNamed(QStringView column, const QString &text)
+{
+    while (next())
+        if (textorder::equalFolded(this->text(column), text))
+            return true;
+    return false;
+}
+
 bool Recordset::next()
 {
     m_pending.clear();
@@ -134,6 +142,9 @@ void Recordset::readTableColumns()
 const Recordset::TableColumn &Recordset::tableColumn(QStringView name)
 {
     readTableColumns();
+    for (const TableColumn &column : std::as_const(m_tableColumns))
+        if (column.name == name) // mostly so; a hash of the folded name costs several times as much
+            return column;
     const auto found = m_tableColumns.constFind(textorder::folded(name));
     if (found == m_tableColumns.constEnd())
         throw Error(Error::Kind::Query, u"A tabela %1 não tem a coluna \"%2\"."_s.arg(m_table, name));
@@ -189,18 +200,19 @@ bool Recordset::nextDetachedRow()
 
 void Recordset::insertRow()
 {
-    QStringList columns;
-    QStringList places;
-    for (const auto &[column, value] : m_pending) {
-        columns << u'[' + column + u']';
-        places << u"?"_s;
-    }
-    if (!m_insert || columns != m_insertColumns) {
-        const QString values = columns.isEmpty()
-                                   ? u"DEFAULT VALUES"_s
-                                   : u"(%1) VALUES (%2)"_s.arg(columns.join(u','), places.join(u','));
+    const auto named = [](const auto &pending, const QString &column) { return pending.first == column; };
+    if (!m_insert || !std::equal(m_pending.begin(), m_pending.end(), m_insertColumns.cbegin(),
+                                 m_insertColumns.cend(), named)) {
+        m_insertColumns.clear();
+        QStringList places;
+        for (const auto &[column, value] : m_pending) {
+            m_insertColumns << column;
+            places << u"?"_s;
+        }
+        const QString values =
+            places.isEmpty() ? u"DEFAULT VALUES"_s
+                             : u"([%1]) VALUES (%2)"_s.arg(m_insertColumns.join(u"],["), places.join(u','));
         m_insert = m_connection.prepareNative(u"INSERT INTO %1 %2"_s.arg(m_table, values).toUtf8());
-        m_insertColumns = columns;
     }
     for (std::size_t i = 0; i < m_pending.size(); ++i)
         m_insert->bind(int(i) + 1, m_pending[i].second);

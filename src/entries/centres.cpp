@@ -172,6 +172,7 @@ Report report(const CentreSide &side, const std::vector<CentreLine> &lines)
                      << u"Concluídas: "_s + amount(sums.settledCount, sums.settled)
                      << u"Total: "_s + amount(sums.count(), sums.total()) << QString();
     report.statistics = totals(side, total(lines)).join(u'\n');
+    report.textStatistics = report.statistics + u'\n';
     return report;
 }
 

@@ -1,6 +1,7 @@
 #include "entries/contact.h"
 
 #include "data/dates.h"
+#include "data/formtext.h"
 #include "data/like.h"
 #include "data/recordset.h"
 
@@ -76,10 +77,7 @@ QString byCode(const ContactSide &side, const QString &code)
 
 QString storedBirth(const QString &text)
 {
-    const QDate date = dates::read(text);
-    if (!date.isValid() && !text.trimmed().isEmpty())
-        throw Error(Error::Kind::Data, u"a data \"%1\" do campo Nascimento não existe."_s.arg(text));
-    return dates::stored(date);
+    return text.trimmed().isEmpty() ? QString() : formtext::storedDate(u"Nascimento"_s, text);
 }
 
 void writeColumns(Recordset &row, const ContactForm &form)

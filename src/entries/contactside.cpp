@@ -36,12 +36,13 @@ const ContactSide &suppliers()
         .listCaption = u"Fornecedores"_s,
         .nameTitle = u"Nome do fornecedor"_s,
         .nameChoice = u"nome do fornecedor"_s,
-        .allHeading = u"Exibindo todos os clientes"_s, // users know the supplier list by these words
+        .allHeading =
+            u"Exibindo todos os clientes"_s, // this list and its documents share the words of the client list
         .selectMessage = u"Selecione um fornecedor na lista."_s,
-        .reportTitle = u"LISTA DE FORNECEDORES"_s,
+        .reportTitle = u"LISTA DE CLIENTES"_s,
         .totalWords = u"Total de fornecedores: "_s,
-        .saveTextTitle = u"Salvar lista de fornecedores em txt"_s,
-        .saveHtmlTitle = u"Salvar lista de fornecedores em html"_s,
+        .saveTextTitle = u"Salvar lista de clientes em txt"_s,
+        .saveHtmlTitle = u"Salvar lista de clientes em html"_s,
         .recordName = u"frmCadForn"_s,
         .newCaption = u"Cadastrar novo fornecedor"_s,
         .quickAddCaption = u"Adicionar fornecedor"_s,

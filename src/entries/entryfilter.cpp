@@ -9,29 +9,26 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool isAll(const QString &choice)
+/// " and (origem like 'Caixa') ", or nothing when the box shows its `all` choice.
+QString piece(const QString &column, const QString &choice, const QString &all)
 {
-    return choice.isEmpty() || choice.startsWith(u"todos"_s, Qt::CaseInsensitive);
-}
-
-/// " and (origem like 'Caixa') ", or nothing for an "all" choice.
-QString piece(const QString &column, const QString &choice)
-{
-    return isAll(choice) ? QString() : u" and ("_s + column + u" like '"_s + choice + u"') "_s;
+    if (choice.isEmpty() || choice.compare(all, Qt::CaseInsensitive) == 0)
+        return {};
+    return u" and ("_s + column + u" like '"_s + choice + u"') "_s;
 }
 
 /// Entries that carry the product chosen, or any product.
 QString productPiece(const QString &choice)
 {
-    return isAll(choice) ? u" and (produto <> '"_s + stock::noProduct.toString() + u"') "_s
-                         : piece(u"produto"_s, choice);
+    const QString chosen = piece(u"produto"_s, choice, entryfilter::allProducts.toString());
+    return chosen.isEmpty() ? u" and (produto <> '"_s + stock::noProduct.toString() + u"') "_s : chosen;
 }
 
 /// The status word that the choice asks for; "%%" for any.
 QString statusPattern(const QString &choice)
 {
     const QString lower = choice.toLower();
-    if (lower == u"pendentes e concluídos" || isAll(choice))
+    if (lower == u"pendentes e concluídos" || lower.isEmpty())
         return u"%%"_s;
     return (lower == u"pendentes" ? status::pending : status::settled).toString();
 }
@@ -96,8 +93,9 @@ QString query(const Side &side, const EntryFilter &filter, QDate today)
 
     if (filter.product)
         sql += productPiece(*filter.product);
-    sql += piece(u"origem"_s, filter.account) + piece(u"descricao"_s, filter.centre) +
-           piece(side.contactColumn, filter.contact);
+    sql += piece(u"origem"_s, filter.account, entryfilter::allAccounts.toString()) +
+           piece(u"descricao"_s, filter.centre, side.allCentres) +
+           piece(side.contactColumn, filter.contact, side.allContacts);
     if (side.dateChoiceFilters)
         sql += u" order by "_s + column;
     return sql.trimmed();

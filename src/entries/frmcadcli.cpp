@@ -21,6 +21,7 @@ frmCadCli::frmCadCli(const ContactSide &side, const QString &code, const QString
     setAttribute(Qt::WA_DeleteOnClose);
     background::apply(this);
     formkeys::enterMovesOn(this);
+    formkeys::modalOverDialog(this);
     for (QComboBox *box : {m_ui->txtpais, m_ui->txtestado, m_ui->txtcidade, m_ui->txtbairro})
         box->completer()->setCompletionMode(
             QCompleter::PopupCompletion); // offers, but adds nothing by itself

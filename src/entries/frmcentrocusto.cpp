@@ -32,6 +32,7 @@ frmCentroCusto::frmCentroCusto(const CentreSide &side, QWidget *parent)
     setAttribute(Qt::WA_DeleteOnClose);
     background::apply(this);
     formkeys::enterMovesOn(this);
+    formkeys::modalOverDialog(this);
     m_ui->lstcentro->setColumns({{u"descricao"_s, side.caption, CellKind::Text, 400}});
     m_ui->lstcentro->setEmptyText(u"Nenhum nome cadastrado"_s);
     m_ui->lstresumo->setColumns(centres::columns(side));
@@ -44,6 +45,11 @@ frmCentroCusto::~frmCentroCusto() = default;
 
 frmCentroCusto *frmCentroCusto::openFor(const CentreSide &side, QWidget *parent)
 {
+    if (auto *shown = parent ? parent->findChild<frmCentroCusto *>(side.screenName) : nullptr) {
+        shown->raise();
+        shown->activateWindow();
+        return shown;
+    }
     auto screen = std::unique_ptr<frmCentroCusto>(new frmCentroCusto(side, parent));
     if (!screen->reloadList())
         return nullptr;
@@ -85,9 +91,9 @@ bool frmCentroCusto::reloadList()
     return loaded;
 }
 
-void frmCentroCusto::reloadSummary()
+bool frmCentroCusto::reloadSummary()
 {
-    messages::guarded(this, messages::generalPrefix, [this] {
+    const bool read = messages::guarded(this, messages::generalPrefix, [this] {
         Connection &connection = openDatabase();
         m_summary = centres::summary(connection, m_side, centres::names(connection, m_side));
         m_ui->lstresumo->setRows(centres::rows(m_summary));
@@ -96,14 +102,14 @@ void frmCentroCusto::reloadSummary()
     });
     for (QPushButton *button : {m_ui->cmdtxt, m_ui->cmdhtml, m_ui->cmdimprimir})
         button->setEnabled(!m_summary.empty());
+    return read;
 }
 
 void frmCentroCusto::showSummary()
 {
     if (m_ui->xtab->currentWidget() != m_ui->abaresumo)
         return;
-    reloadSummary();
-    if (m_summary.empty())
+    if (reloadSummary() && m_summary.empty())
         messages::information(this, u"Plano de conta"_s, m_side.noCentres);
 }
 

@@ -25,7 +25,7 @@ private:
     frmCentroCusto(const CentreSide &side, QWidget *parent);
     void connectControls();
     bool reloadList();
-    void reloadSummary();
+    bool reloadSummary();
     void showSummary();
     void refresh(Subject subject);
     QString selected() const;

@@ -9,6 +9,7 @@
 #include "widgets/formkeys.h"
 #include "widgets/frmcarregando.h"
 #include "widgets/messages.h"
+#include "widgets/waittext.h"
 
 #include <QDesktopServices>
 #include <QToolBar>
@@ -17,10 +18,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString waitText =
-    u"Por favor aguarde enquanto o software carrega os dados, este processo pode demorar dependendo "
-    "do tamanho do banco de dados."_s;
 
 }
 
@@ -105,7 +102,7 @@ bool frmCliente::refresh()
 {
     QWidget *over = isVisible() ? this : parentWidget();
     return messages::guarded(over, messages::generalPrefix, [&] {
-        WaitProgress progress(over, m_side.listCaption, waitText);
+        WaitProgress progress(over, m_side.listCaption, listWaitText());
         m_ui->lstcontato->setRows(
             contact::rows(openDatabase(), m_side, contact::query(m_side, filter()), &progress));
         m_ui->lbltopo->setText(contact::heading(m_side, filter()));
@@ -114,11 +111,8 @@ bool frmCliente::refresh()
 
 QString frmCliente::selectedOrTell()
 {
-    const int row = m_ui->lstcontato->selectedRow();
-    if (row >= 0)
-        return m_ui->lstcontato->cell(row, 0);
-    messages::information(this, m_side.listCaption, m_side.selectMessage);
-    return {};
+    const int row = m_ui->lstcontato->selectedRowOrTell(m_side.listCaption, m_side.selectMessage);
+    return row < 0 ? QString() : m_ui->lstcontato->cell(row, 0);
 }
 
 void frmCliente::editSelected()
@@ -130,9 +124,7 @@ void frmCliente::editSelected()
 void frmCliente::removeSelected()
 {
     const QString code = selectedOrTell();
-    if (code.isEmpty() ||
-        !messages::question(this, u"Remover"_s,
-                            u"Tem certeza que deseja remover o item selecionado do banco de dados?"_s))
+    if (code.isEmpty() || !messages::confirmRemoval(this))
         return;
     if (messages::guarded(this, messages::generalPrefix,
                           [&] { contact::remove(openDatabase(), m_side, code); }))
@@ -144,8 +136,10 @@ void frmCliente::writeEmail()
     if (selectedOrTell().isEmpty())
         return;
     const int row = m_ui->lstcontato->selectedRow();
-    QDesktopServices::openUrl(
-        QUrl(u"mailto:"_s + m_ui->lstcontato->cell(row, contact::emailColumn(m_side)).trimmed()));
+    if (!QDesktopServices::openUrl(
+            QUrl(u"mailto:"_s + m_ui->lstcontato->cell(row, contact::emailColumn(m_side)).trimmed())))
+        messages::exclamation(this, m_side.listCaption,
+                              u"Nenhum programa de e-mail foi encontrado neste computador."_s);
 }
 
 void frmCliente::mergeMail()

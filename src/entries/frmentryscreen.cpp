@@ -54,7 +54,7 @@ void EntryScreen::refill(Subject subject)
 {
     messages::guarded(this, messages::generalPrefix, [&] {
         if (subject == Subject::Accounts)
-            boxes::refill(m_controls.account, entry::accountNames(openDatabase()));
+            boxes::refillTakingNew(m_controls.account, entry::accountNames(openDatabase()));
         else if (subject == m_side.contacts.subject)
             boxes::refillTakingNew(m_controls.contact,
                                    entry::names(openDatabase(), m_side.contactQuery, u"nome"));

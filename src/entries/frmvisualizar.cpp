@@ -15,19 +15,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-const ExportTexts &exportTexts()
-{
-    static const ExportTexts texts{.textTitle = u"Salvar relatório em txt"_s,
-                                   .textFilter = u"Arquivos de Texto(*.txt)"_s,
-                                   .htmlTitle = u"Salvar relatório em html"_s,
-                                   .htmlFilter = u"Arquivos HTML(*.html)"_s};
-    return texts;
-}
-
-} // namespace
-
 frmVisualizar::frmVisualizar(const ViewKind &kind, ViewPeriod period, QWidget *parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::frmVisualizar>()), m_kind(kind), m_period(period)
 {
@@ -35,7 +22,6 @@ frmVisualizar::frmVisualizar(const ViewKind &kind, ViewPeriod period, QWidget *p
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     background::apply(this);
-    setWindowTitle(periodview::title(kind, period));
     m_ui->lstdados->setColumns(kind.columns());
     m_ui->lstdados->applyLayout(listlayout::load(kind.layout));
     m_ui->lstdados->setEmptyText(u"Nenhum dado cadastrado neste período"_s);
@@ -66,14 +52,16 @@ void frmVisualizar::connectExports()
                       .subtitle = m_kind.heading,
                       .filterText = m_ui->lblperiodo->text(),
                       .tables = {m_ui->lstdados->tableSource()},
-                      .lines = {},
                       .statistics = m_ui->lbltotal->text()};
     };
     connect(m_ui->cmdtxt, &QPushButton::clicked, this,
-            [=, this] { exportar::saveText(this, report(), exportTexts()); });
+            [=, this] { exportar::saveText(this, report(), exportar::reportTexts()); });
     connect(m_ui->cmdhtml, &QPushButton::clicked, this,
-            [=, this] { exportar::saveHtml(this, report(), exportTexts()); });
-    connect(m_ui->cmdimprimir, &QPushButton::clicked, this, [=, this] { exportar::print(this, report()); });
+            [=, this] { exportar::saveHtml(this, report(), exportar::reportTexts()); });
+    connect(m_ui->cmdimprimir, &QPushButton::clicked, this, [=, this] {
+        const Report shown = report();
+        exportar::print(this, shown, modimpressao::listPages(m_kind.pages, *shown.tables.front()));
+    });
 }
 
 void frmVisualizar::makeMenu()
@@ -86,7 +74,7 @@ void frmVisualizar::makeMenu()
     auto *separator = new QAction(this);
     separator->setSeparator(true);
     m_ui->lstdados->addAction(separator);
-    addChoices(settings::bankViewPeriod, {{u"popbanctodos"_s, u"&Todo o período"_s, u"0"_s},
+    addChoices(settings::bankViewPeriod, {{u"popbanctodos"_s, u"&Sem limite"_s, u"0"_s},
                                           {u"popbancmes"_s, u"Limitar ao &mês atual"_s, u"1"_s},
                                           {u"popbancano"_s, u"Limitar ao &ano atual"_s, u"2"_s}});
 }
@@ -105,8 +93,8 @@ void frmVisualizar::addChoices(const settings::Key &key, const std::vector<Choic
         connect(&Changes::instance(), &Changes::changed, action, check);
         m_ui->lstdados->addAction(action);
         connect(action, &QAction::triggered, this, [this, key, value = choice.value] {
-            if (messages::guarded(this, messages::generalPrefix, [&] { settings::setValue(key, value); }))
-                Changes::announce(Subject::Settings);
+            messages::guarded(this, messages::generalPrefix, [&] { settings::setValue(key, value); });
+            Changes::announce(Subject::Settings); // also after a failure: the marks show what is stored
         });
     }
 }
@@ -119,6 +107,7 @@ bool frmVisualizar::reload()
         WaitProgress progress(isVisible() ? this : parentWidget(), m_kind.loadingTitle, listWaitText());
         ViewList list = m_kind.load(openDatabase(), periodview::query(m_kind, period, today), &progress);
         m_ui->lbltotal->setText(periodview::summary(m_kind, period, list.totals));
+        setWindowTitle(periodview::title(m_kind, period));
         m_ui->lblperiodo->setText(periodview::periodText(period, today));
         m_ui->lstdados->setRows(std::move(list.rows));
     });

@@ -73,6 +73,7 @@ const ViewKind &payableView()
         .loadingTitle = payable().loadingTitle,
         .limitedBySetting = false,
         .layout = listlayout::payables(),
+        .pages = modimpressao::ListKind::Payables,
         .columns = [] { return entrylist::columns(payable()); },
         .load = [](Connection &connection, const QString &query,
                    Progress *progress) { return loadEntries(connection, payable(), query, progress); },
@@ -91,6 +92,7 @@ const ViewKind &receivableView()
         .loadingTitle = receivable().loadingTitle,
         .limitedBySetting = false,
         .layout = listlayout::receivables(),
+        .pages = modimpressao::ListKind::Receivables,
         .columns = [] { return entrylist::columns(receivable()); },
         .load = [](Connection &connection, const QString &query,
                    Progress *progress) { return loadEntries(connection, receivable(), query, progress); },
@@ -109,6 +111,7 @@ const ViewKind &bankView()
         .loadingTitle = movementlist::loadingTitle.toString(),
         .limitedBySetting = true,
         .layout = listlayout::movements(),
+        .pages = modimpressao::ListKind::Movements,
         .columns = movementlist::columns,
         .load = loadMovements,
     };

@@ -4,6 +4,7 @@
 #include "data/money.h"
 #include "data/progress.h"
 #include "data/rowstore.h"
+#include "reports/modimpressao.h"
 
 #include <QDate>
 #include <QString>
@@ -37,6 +38,7 @@ struct ViewKind
     QString loadingTitle;
     bool limitedBySetting; ///< the setting VisualizarDadosBancario narrows the period
     const ListLayoutFile &layout;
+    modimpressao::ListKind pages; ///< how the list is printed
     std::vector<Column> (*columns)();
     /// `progress` may be null. Throws Error.
     ViewList (*load)(Connection &connection, const QString &query, Progress *progress);

@@ -34,6 +34,13 @@ void saveAndOffer(QWidget *parent, const Report &report, const QString &path, Sa
 
 namespace exportar {
 
+const ExportTexts &reportTexts()
+{
+    static const ExportTexts texts{u"Salvar relatório em txt"_s, u"Arquivos de Texto(*.txt)"_s,
+                                   u"Salvar relatório em html"_s, u"Arquivos HTML(*.html)"_s};
+    return texts;
+}
+
 void saveText(QWidget *parent, const Report &report, const ExportTexts &texts)
 {
     const QString path = files::save(parent, texts.textTitle, texts.textFilter, u"txt"_s);
@@ -51,14 +58,20 @@ void print(QWidget *parent, const Report &report, const modimpressao::PageSetup 
     try {
         printPages(parent, modimpressao::document(report, setup));
     } catch (const Error &error) {
-        messages::critical(parent, u"Impressão"_s, u"Erro não previsto:\n"_s + error.text());
+        showPageError(parent, error);
     }
 }
 
 void printPages(QWidget *parent, const PageDocument &document)
 {
     const topmost::StepBack stepBack(parent);
-    const QPointer<frmimpressao> screen = new frmimpressao(document, parent);
+    QPointer<frmimpressao> screen;
+    try {
+        screen = new frmimpressao(document, parent);
+    } catch (const Error &error) {
+        showPageError(parent, error);
+        return;
+    }
     screen->exec();
     delete screen;
 }
@@ -70,6 +83,11 @@ void offerToOpen(QWidget *parent, const QString &path)
         u"Os dados foram salvos com sucesso para arquivo, deseja abrir o arquivo agora?"_s);
     if (open && !QDesktopServices::openUrl(QUrl::fromLocalFile(path)))
         messages::exclamation(parent, u"Visualizar"_s, u"Não foi possível abrir o arquivo: "_s + path);
+}
+
+void showPageError(QWidget *parent, const Error &error)
+{
+    messages::critical(parent, u"Impressão"_s, u"Erro não previsto:\n"_s + error.text());
 }
 
 void showPrintError(QWidget *parent)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/error.h"
 #include "reports/modimpressao.h"
 #include "reports/report.h"
 
@@ -17,6 +18,9 @@ struct ExportTexts
 /// until the new one is complete.
 namespace exportar {
 
+/// Of lists and reports that have no texts of their own.
+const ExportTexts &reportTexts();
+
 /// Saves as fixed-width text and offers to open the file.
 void saveText(QWidget *parent, const Report &report, const ExportTexts &texts);
 /// Saves as an HTML page and offers to open the file.
@@ -28,6 +32,8 @@ void printPages(QWidget *parent, const PageDocument &document);
 
 /// Asks whether to open the file that was just saved, and opens it.
 void offerToOpen(QWidget *parent, const QString &path);
+/// Tells why there are no pages.
+void showPageError(QWidget *parent, const Error &error);
 /// Tells that printing failed.
 void showPrintError(QWidget *parent);
 

@@ -87,7 +87,13 @@ void frmimpressao::paintPreview(QPrinter *printer)
 void frmimpressao::setLandscape(bool on)
 {
     m_printer->setPageOrientation(on ? QPageLayout::Landscape : QPageLayout::Portrait);
-    m_pages = PagePrinter(m_document, *m_printer).pageCount();
+    try {
+        m_pages = PagePrinter(m_document, *m_printer).pageCount();
+    } catch (const Error &error) { // a slip of paper may be too low lying on its side
+        exportar::showPageError(this, error);
+        m_ui->chkpaisagem->setChecked(!on);
+        return;
+    }
     m_preview->updatePreview();
     m_preview->fitToWidth();
 }

@@ -95,14 +95,18 @@ void addTables(PageDocument &pages, const Report &report, const RowForm &form)
     }
 }
 
-void addStatistics(PageDocument &pages, const QString &statistics, int ruleLength)
+void addStatistics(PageDocument &pages, const QString &statistics, const modimpressao::PageSetup &setup)
 {
+    const auto addRule = [&] { pages.blocks.emplace_back(PageRule{setup.ruleLength}); };
     pages.blocks.emplace_back(PageText{});
+    if (setup.ruleBeforeStatistics)
+        addRule();
     pages.blocks.emplace_back(PageText{.text = u"Estatísticas"_s, .bold = true});
-    pages.blocks.emplace_back(PageRule{ruleLength});
+    if (!setup.ruleBeforeStatistics)
+        addRule();
     pages.blocks.emplace_back(PageText{});
     pages.blocks.emplace_back(PageText{.text = statistics});
-    pages.blocks.emplace_back(PageRule{ruleLength});
+    addRule();
 }
 
 } // namespace
@@ -192,7 +196,8 @@ PageSetup movementPages()
                                 {u"Estatus: "_s, 6},
                                 {u"Informações: "_s, 8},
                                 {u"Informações Adicionais: "_s, 9}}},
-            .ruleLength = 132};
+            .ruleLength = 132,
+            .ruleBeforeStatistics = true};
 }
 
 PageDocument document(const Report &report, const PageSetup &setup)
@@ -217,7 +222,7 @@ PageDocument document(const Report &report, const PageSetup &setup)
         pages.blocks.emplace_back(PageText{.text = report.lines.join(u'\n')});
     }
     if (!report.statistics.isEmpty())
-        addStatistics(pages, report.statistics, setup.ruleLength);
+        addStatistics(pages, report.statistics, setup);
     return pages;
 }
 

@@ -32,7 +32,8 @@ struct PageSetup
     QStringList (*header)() = pageHeader;
     QString (*footer)(const QString &title, int page, int pages) = nullptr; ///< null for pageFooter()
     RowForm rows = {};
-    int ruleLength = 0; ///< of the rules around the statistics; 0 fills the width
+    int ruleLength = 0;                ///< of the rules around the statistics; 0 fills the width
+    bool ruleBeforeStatistics = false; ///< the first rule stands over the heading, not under it
 };
 
 /// The kind's headings over the columns of `list` that have them, and the other columns labelled below each

@@ -16,14 +16,12 @@ struct Report
     QString subtitle = {};
     QString filterText = {}; ///< which rows these are, in words
     std::vector<std::shared_ptr<const TableSource>> tables = {};
-    QStringList tableTitles =
-        {};                  ///< one over each table, "CONTAS A PAGAR:"; missing or empty ones are left out
-    QStringList lines = {};  ///< text under the tables, such as a paragraph a row with labels
-    QString statistics = {}; ///< totals; the text file leaves them out
+    QStringList tableTitles = {}; ///< one over each table: "CONTAS A PAGAR:"; may be missing
+    QStringList lines = {};       ///< text under the tables, such as a paragraph a row with labels
+    QString statistics = {};      ///< totals; the text file leaves them out
 
     // Only for reports whose renderings differ in more than layout.
     QString textTitle = {};      ///< first line of the text file; empty for the title
     QString textStatistics = {}; ///< totals of the text file
-    QString htmlStatistics =
-        {}; ///< totals of the HTML page, as HTML with its values escaped; empty for `statistics`
+    QString htmlStatistics = {}; ///< totals of the HTML page, as HTML; empty for `statistics`
 };

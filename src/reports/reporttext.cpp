@@ -38,11 +38,10 @@ void writeHead(Output &output, const Report &report)
 {
     const QString title =
         html::escaped(report.subtitle.isEmpty() ? report.title : report.title + u" - "_s + report.subtitle);
-    writeLine(output, u"<!DOCTYPE html>");
     writeLine(output, u"<html>");
     writeLine(output, u"<head>");
-    writeLine(output, u"<meta charset='utf-8'>");
     writeLine(output, u"<title>"_s + title + u"</title>"_s);
+    writeLine(output, u"<meta charset='utf-8'>");
     writeLine(output, u"<p><font face='Arial'>");
     writeLine(output, u"<center><b>"_s + title + u"</b>"_s);
     writeLine(output, u"<hr>");

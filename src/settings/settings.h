@@ -51,7 +51,7 @@ inline constexpr Key client{general, u"Cliente", u"Todos os clientes"};
 inline constexpr Key movementSort{general, u"OrganizarM", u"Data de cadastro"};
 inline constexpr Key movementAscending{general, u"OrdemM", u"true"};
 inline constexpr Key companyName{report, u"nome", u"Tavaro"};
-inline constexpr Key companySlogan{report, u"slogan", u"Organizando a sua vida financeira"};
+inline constexpr Key companySlogan{report, u"slogan", u"© Tavaro - controle financeiro e de estoque"};
 inline constexpr Key companySite{report, u"site", u""};
 inline constexpr Key tipOfTheDay{tips, u"Exibir dica do dia", u""};
 

@@ -1,10 +1,12 @@
 #include "stock/frmconfetiqueta.h"
 #include "ui_frmconfetiqueta.h"
 
+#include "reports/frmexportar.h"
 #include "settings/database.h"
 #include "widgets/background.h"
 #include "widgets/boxes.h"
 #include "widgets/files.h"
+#include "widgets/formkeys.h"
 #include "widgets/messages.h"
 
 #include <QDoubleSpinBox>
@@ -74,6 +76,7 @@ frmConfEtiqueta::frmConfEtiqueta(const QString &query, QWidget *parent)
     m_ui->setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
     background::apply(this);
+    formkeys::modalOverDialog(this);
     m_ui->corpo->addWidget(m_preview, 1);
     m_preview->fitInView();
     m_previewPrinter.setFullPage(true);
@@ -188,13 +191,15 @@ void frmConfEtiqueta::paintOn(QPagedPaintDevice &device, int maxPages)
 {
     const auto pages =
         labels::pages(openDatabase(), m_query, fields(), m_ui->spninicio->value() - 1, maxPages);
-    QPainter painter(&device);
+    QPainter painter;
+    if (!painter.begin(&device))
+        throw Error(Error::Kind::File, u"não foi possível começar a imprimir."_s);
     painter.setWindow(0, 0, int(labelsheet::paperWidth * unit), int(labelsheet::paperHeight * unit));
     if (&device == &m_previewPrinter)
         paintEdges(painter);
     for (std::size_t i = 0; i < pages.size(); ++i) {
-        if (i > 0)
-            device.newPage();
+        if (i > 0 && !device.newPage())
+            throw Error(Error::Kind::File, u"não foi possível começar uma nova página."_s);
         paintPage(painter, pages[i]);
     }
 }
@@ -214,8 +219,17 @@ void frmConfEtiqueta::print()
     printer.setFullPage(true);
     useWholePaper(printer);
     QPrintDialog chooser(&printer, this);
-    if (chooser.exec() == QDialog::Accepted)
-        messages::guarded(this, messages::generalPrefix, [&] { paintOn(printer, allPages); });
+    if (chooser.exec() != QDialog::Accepted)
+        return;
+    messages::guarded(this, messages::generalPrefix, [&] {
+        try {
+            paintOn(printer, allPages);
+        } catch (const Error &error) {
+            if (error.kind() != Error::Kind::File)
+                throw;
+            exportar::showPrintError(this);
+        }
+    });
 }
 
 void frmConfEtiqueta::savePdf()

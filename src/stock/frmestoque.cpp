@@ -13,17 +13,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-const ExportTexts &exportTexts()
-{
-    static const ExportTexts texts{u"Salvar relatório em txt"_s, u"Arquivos de Texto(*.txt)"_s,
-                                   u"Salvar relatório em html"_s, u"Arquivos HTML(*.html)"_s};
-    return texts;
-}
-
-} // namespace
-
 frmestoque::frmestoque(QWidget *parent) : QDialog(parent), m_ui(std::make_unique<Ui::frmestoque>())
 {
     m_ui->setupUi(this);
@@ -67,7 +56,6 @@ void frmestoque::connectControls()
     connect(m_ui->cmdalterarproduto, &QPushButton::clicked, this, &frmestoque::editSelected);
     connect(m_ui->cmdremoverproduto, &QPushButton::clicked, this, &frmestoque::removeSelected);
     connect(m_ui->lstprodutos, &ListView::rowActivated, this, &frmestoque::editSelected);
-    connect(m_ui->lstprodutos, &ListView::removeRequested, this, &frmestoque::removeSelected);
     m_ui->lstprodutos->setContextMenuPolicy(Qt::ActionsContextMenu);
     for (QPushButton *button : {m_ui->cmdnovoproduto, m_ui->cmdalterarproduto, m_ui->cmdremoverproduto}) {
         auto *command = new QAction(button->icon(), button->text(), m_ui->lstprodutos);
@@ -76,9 +64,9 @@ void frmestoque::connectControls()
     }
     connect(m_ui->cmdimprimir, &QPushButton::clicked, this, [this] { exportar::print(this, report()); });
     connect(m_ui->cmdtxt, &QPushButton::clicked, this,
-            [this] { exportar::saveText(this, report(), exportTexts()); });
+            [this] { exportar::saveText(this, report(), exportar::reportTexts()); });
     connect(m_ui->cmdhtml, &QPushButton::clicked, this,
-            [this] { exportar::saveHtml(this, report(), exportTexts()); });
+            [this] { exportar::saveHtml(this, report(), exportar::reportTexts()); });
     connect(m_ui->cmdfechar, &QPushButton::clicked, this, &QDialog::close);
     connect(&Changes::instance(), &Changes::changed, this, &frmestoque::dataChanged);
 }
@@ -105,12 +93,8 @@ void frmestoque::dataChanged(Subject subject)
 
 QString frmestoque::selectedOrTell()
 {
-    const int row = m_ui->lstprodutos->selectedRow();
-    if (row >= 0)
-        return m_ui->lstprodutos->cell(row, 0);
-    if (m_ui->lstprodutos->rowCount() > 0)
-        messages::information(this, u"Produtos"_s, u"Selecione um produto na lista."_s);
-    return {};
+    const int row = m_ui->lstprodutos->selectedRowOrTell(u"Produtos"_s, u"Selecione um produto na lista."_s);
+    return row < 0 ? QString() : m_ui->lstprodutos->cell(row, 0);
 }
 
 void frmestoque::editSelected()
@@ -125,8 +109,8 @@ void frmestoque::removeSelected()
     const QString name = selectedOrTell();
     if (name.isEmpty())
         return;
-    const bool removed = messages::guarded(this, u"Ocorreu o seguinte erro ao tentar remover os dados: ",
-                                           [&] { products::remove(openDatabase(), name); });
+    const bool removed =
+        messages::guarded(this, messages::removePrefix, [&] { products::remove(openDatabase(), name); });
     if (removed)
         Changes::announce(Subject::Products);
 }

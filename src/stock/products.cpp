@@ -89,7 +89,7 @@ void change(Connection &connection, const QString &name, const ProductForm &form
 {
     Transaction transaction(connection);
     Recordset row(connection, byName(name));
-    if (!row.next())
+    if (!row.nextNamed(u"produto", name))
         throw Error(Error::Kind::Data, u"o produto \"%1\" não existe mais."_s.arg(name));
     writeColumns(row, form);
     row.update();
@@ -106,7 +106,7 @@ void remove(Connection &connection, const QString &name)
 std::optional<ProductForm> load(Connection &connection, const QString &name)
 {
     Recordset row(connection, byName(name));
-    if (!row.next())
+    if (!row.nextNamed(u"produto", name))
         return std::nullopt;
     return ProductForm{row.text(u"produto"), quantity(row).plain(),
                        Money::stored(row.text(u"custo")).grouped(), row.text(u"info")};

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -59,6 +60,12 @@ bool isTopmost(const QWidget *window)
 }
 
 } // namespace
+
+void formkeys::modalOverDialog(QWidget *screen)
+{
+    if (qobject_cast<QDialog *>(screen->parentWidget()))
+        screen->setWindowModality(Qt::WindowModal);
+}
 
 void formkeys::enterMovesOn(QWidget *screen)
 {

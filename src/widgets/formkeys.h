@@ -11,6 +11,10 @@ namespace formkeys {
 /// at the call.
 void enterMovesOn(QWidget *screen);
 
+/// A screen opened over another dialog is modal to it, so that the dialog cannot be closed, and take the
+/// screen and what was typed in it along. Over the main window a screen stays modeless.
+void modalOverDialog(QWidget *screen);
+
 } // namespace formkeys
 
 /// The shared routine that keeps a screen above the other windows: "ativo" keeps it there without moving or

@@ -1,5 +1,7 @@
 #include "widgets/listview.h"
 
+#include "widgets/messages.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
@@ -155,6 +157,14 @@ int ListView::selectedRow() const
     for (const QItemSelectionRange &range : selection)
         first = first < 0 ? range.top() : std::min(first, range.top());
     return first;
+}
+
+int ListView::selectedRowOrTell(const QString &title, const QString &text)
+{
+    const int row = selectedRow();
+    if (row < 0 && rowCount() > 0)
+        messages::information(this, title, text);
+    return row;
 }
 
 void ListView::selectRow(int row)

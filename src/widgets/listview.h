@@ -31,6 +31,8 @@ public:
     /// The row that commands on one row act on: the current one if it is selected, else the first selected;
     /// -1 if none.
     int selectedRow() const;
+    /// selectedRow(); when rows are shown but none is selected, a message asks for one.
+    int selectedRowOrTell(const QString &title, const QString &text);
     /// Selects this row alone; -1 selects none.
     void selectRow(int row);
 

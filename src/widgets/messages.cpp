@@ -51,6 +51,12 @@ bool messages::question(QWidget *parent, const QString &title, const QString &te
            QMessageBox::Yes;
 }
 
+bool messages::confirmRemoval(QWidget *parent)
+{
+    return question(parent, u"Remover"_s,
+                    u"Tem certeza que deseja remover o item selecionado do banco de dados?"_s);
+}
+
 void messages::error(QWidget *parent, QStringView prefix, const Error &error)
 {
     critical(parent, u"Erro"_s,

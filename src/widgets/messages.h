@@ -16,9 +16,12 @@ void exclamation(QWidget *parent, const QString &title, const QString &text);
 void critical(QWidget *parent, const QString &title, const QString &text);
 /// Yes/No with the question icon; Esc and closing the box are No.
 bool question(QWidget *parent, const QString &title, const QString &text);
+/// The question asked before rows of a list are deleted.
+bool confirmRemoval(QWidget *parent);
 
 inline constexpr QStringView openPrefix = u"Ocorreu o seguinte erro ao tentar abrir o banco de dados: ";
 inline constexpr QStringView savePrefix = u"Ocorreu o seguinte erro ao tentar cadastrar os dados: ";
+inline constexpr QStringView removePrefix = u"Ocorreu o seguinte erro ao tentar remover os dados: ";
 inline constexpr QStringView generalPrefix = u"Ocorreu o seguinte erro: ";
 
 /// The error behind `prefix`; one met while opening the database stands behind openPrefix instead.

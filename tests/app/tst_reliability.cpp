@@ -1,8 +1,8 @@
-#include "entries/entry.h"
 #include "settings/database.h"
 #include "settings/programfolder.h"
 #include "settings/settings.h"
 #include "stock/stock.h"
+#include "support/samples.h"
 #include "support/testprogram.h"
 
 #include <QCoreApplication>
@@ -22,19 +22,9 @@ namespace {
 
 EntryForm unitOfCoffee()
 {
-    return {.status = u"Pendente"_s,
-            .account = u"Caixa"_s,
-            .contact = u"Cliente"_s,
-            .date = u"14/11/2026"_s,
-            .due = u"14/12/2026"_s,
-            .description = u"Venda"_s,
-            .document = {},
-            .notes = {},
-            .value = u"10,00"_s,
-            .unitCost = u"1,00"_s,
-            .product = u"Café"_s,
-            .quantity = u"1"_s,
-            .currency = u"R$"_s};
+    EntryForm form = sampleEntry();
+    form.quantity = u"1"_s;
+    return form;
 }
 
 /// Another installation: saves `count` entries, writes a line for each and an error's text to standard error.

@@ -1,7 +1,7 @@
 #include "bank/accounts.h"
-#include "entries/entry.h"
 #include "settings/database.h"
 #include "settings/programfolder.h"
+#include "support/samples.h"
 #include "support/shop.h"
 #include "widgets/listview.h"
 
@@ -29,19 +29,11 @@ void fillEntry(const Shop &shop)
 
 EntryForm sale(const QString &product, const QString &quantity)
 {
-    return {.status = u"Pendente"_s,
-            .account = u"Caixa"_s,
-            .contact = u"Ana"_s,
-            .date = u"14/11/2026"_s,
-            .due = u"10/12/2026"_s,
-            .description = u"Venda"_s,
-            .document = {},
-            .notes = {},
-            .value = u"10,00"_s,
-            .unitCost = {},
-            .product = product,
-            .quantity = quantity,
-            .currency = u"R$"_s};
+    EntryForm form = sampleEntry();
+    form.value = u"10,00"_s;
+    form.product = product;
+    form.quantity = quantity;
+    return form;
 }
 
 void addBasics(TestProgram &program)
@@ -49,8 +41,7 @@ void addBasics(TestProgram &program)
     accounts::add(program.database(), {u"Caixa"_s, u"1000"_s, u""_s});
     program.run(u"insert into fornecedor (nome) values ('Imobiliária')"_s);
     program.run(u"insert into cliente (nome) values ('Ana')"_s);
-    program.run(u"insert into produto (produto, qtde, custo) values ('P', 10, '2,50')"_s);
-    program.run(u"insert into produto (produto, qtde, custo) values ('Q', 10, '1,00')"_s);
+    program.run(u"insert into produto (produto, qtde, custo) values ('P', 10, '2,50'), ('Q', 10, '1,00')"_s);
 }
 
 } // namespace
@@ -78,15 +69,14 @@ void tst_screens::addingAPayable()
     Shop shop;
     addBasics(shop.program);
     shop.open();
-    QCOMPARE(shop.find<QLabel>(u"lblbemvindo"_s)->text(),
+    QCOMPARE(shop.label(u"lblbemvindo"_s),
              u"Seja bem vindo ao software   -   sábado, 14 de novembro de 2026"_s);
     shop.find<QTabWidget>(u"tabprincipal"_s)->setCurrentIndex(frmPrincipal::MovementsTab);
     shop.command(u"mnucaddespesas"_s);
-    QVERIFY(shop.screen(u"frmAdicionar"_s));
     QCOMPARE(shop.screen(u"frmAdicionar"_s)->windowTitle(), u"Adicionar Contas a pagar - Despesa"_s);
     QVERIFY(!shop.find<QLineEdit>(u"txtcusto"_s)->isVisible());
     fillEntry(shop);
-    QCOMPARE(shop.find<QLineEdit>(u"txtvalor"_s)->text(), u"1.500,00"_s);
+    QCOMPARE(shop.text(u"txtvalor"_s), u"1.500,00"_s);
     shop.press(u"cmdinserir"_s);
     QCOMPARE(shop.boxes.seen().join(u'\n'), u"information | Cadastrada | Despesa cadastrada com sucesso!"_s);
     QVERIFY(!shop.screen(u"frmAdicionar"_s));
@@ -94,7 +84,6 @@ void tst_screens::addingAPayable()
     QCOMPARE(shop.label(u"lbltotalp"_s), u"1 cadastros  -  Total de despesas: R$ 1.500,00  -  Total pago: R$ "
                                          u"0,00  -  Total pendente: R$ 1.500,00 - "
                                          "Quantidade de produtos (entrada): 0"_s);
-    QCOMPARE(shop.find<QComboBox>(u"cbofornecedor"_s)->itemText(1), u"Imobiliária"_s);
     QCOMPARE(shop.program.rows(
                  u"select estatus, origem, data, vencimento, documento, produto, qtde, moeda from pagar"_s),
              u"Pendente | Caixa | 2026/11/14 | 2026/11/14 |   | - |  | R$\n"_s);
@@ -113,8 +102,8 @@ void tst_screens::continuingLeavesTheMainWindowAlone()
     shop.press(u"cmdinserir"_s);
     QVERIFY(shop.screen(u"frmAdicionar"_s));
     for (const QString &name : {u"txtvalor"_s, u"txtdocumento"_s, u"txtvencimento"_s})
-        QCOMPARE(shop.find<QLineEdit>(name)->text(), QString());
-    QCOMPARE(shop.find<QComboBox>(u"cbotipo"_s)->currentText(), u"Ana"_s);
+        QCOMPARE(shop.text(name), QString());
+    QCOMPARE(shop.text(u"cbotipo"_s), u"Ana"_s);
     QCOMPARE(shop.list(u"lstreceber"_s)->rowCount(), 0);
     QTest::keyClick(shop.screen(u"frmAdicionar"_s), Qt::Key_Escape);
     QCOMPARE(shop.list(u"lstreceber"_s)->rowCount(), 1);
@@ -144,7 +133,7 @@ void tst_screens::missingFieldsAndFailedSaves()
     QVERIFY2(told.startsWith(u"critical | Erro | Ocorreu o seguinte erro ao tentar cadastrar os dados: "_s),
              qPrintable(told));
     QVERIFY(shop.screen(u"frmAdicionar"_s));
-    QCOMPARE(shop.find<QLineEdit>(u"txtvalor"_s)->text(), u"1.500,00"_s);
+    QCOMPARE(shop.text(u"txtvalor"_s), u"1.500,00"_s);
     QCOMPARE(shop.program.rows(u"select código from pagar"_s), QString());
 }
 
@@ -154,13 +143,13 @@ void tst_screens::sellingWarnsOfLowStock()
     addBasics(shop.program);
     shop.open();
     shop.command(u"mnucadrececeber"_s);
-    QCOMPARE(shop.find<QLineEdit>(u"txtcusto"_s)->text(), u"00,00"_s);
+    QCOMPARE(shop.text(u"txtcusto"_s), u"00,00"_s);
     fillEntry(shop);
     shop.choose(u"cbotipo"_s, u"Ana"_s);
     shop.choose(u"cboproduto"_s, u"P"_s);
-    QCOMPARE(shop.find<QLineEdit>(u"txtcusto"_s)->text(), u"2,50"_s);
+    QCOMPARE(shop.text(u"txtcusto"_s), u"2,50"_s);
     shop.type(u"txtqtde"_s, u"12"_s);
-    QCOMPARE(shop.find<QLineEdit>(u"txtcusto"_s)->text(), u"30,00"_s);
+    QCOMPARE(shop.text(u"txtcusto"_s), u"30,00"_s);
     shop.press(u"cmdinserir"_s);
     QCOMPARE(
         shop.boxes.seen().join(u'\n'),
@@ -181,8 +170,8 @@ void tst_screens::editingMovesTheStockAgain()
     shop.list(u"lstreceber"_s)->selectRow(0);
     shop.command(u"cmdalterarr"_s);
     QCOMPARE(shop.find<QPushButton>(u"cmdinserir"_s)->text(), u"&Editar receita"_s);
-    QCOMPARE(shop.find<QComboBox>(u"cbotipo"_s)->currentText(), u"Cliente que já saiu"_s);
-    QCOMPARE(shop.find<QLineEdit>(u"txtvencimento"_s)->text(), u"10/12/2026"_s);
+    QCOMPARE(shop.text(u"cbotipo"_s), u"Cliente que já saiu"_s);
+    QCOMPARE(shop.text(u"txtvencimento"_s), u"10/12/2026"_s);
     shop.press(u"cmdinserir"_s);
     QCOMPARE(shop.boxes.seen().size(), 1);
     QCOMPARE(shop.program.rows(u"select cliente, qtde, valor, vencimento from receber"_s),
@@ -224,8 +213,6 @@ void tst_screens::settling()
     addBasics(shop.program);
     entry::save(shop.program.database(), payable(), sale(u"-"_s, u""_s), {});
     shop.open();
-    shop.command(u"popbaixareceber"_s); // an empty list: nothing happens
-    QVERIFY(shop.boxes.seen().isEmpty());
     shop.list(u"lstpagar"_s)->selectRow(0);
     shop.boxes.answer(QMessageBox::Yes);
     shop.command(u"popbaixapagar"_s);
@@ -285,7 +272,7 @@ void tst_screens::filtersAreKeptAndSurviveFailures()
     shop.choose(u"cbocliente"_s, u"D'Ávila"_s);
     QCOMPARE(shop.boxes.seen().size(), 1);
     QCOMPARE(shop.list(u"lstreceber"_s)->rowCount(), 1);
-    QCOMPARE(shop.find<QComboBox>(u"cbocliente"_s)->currentText(), u"Ana"_s);
+    QCOMPARE(shop.text(u"cbocliente"_s), u"Ana"_s);
     shop.choose(u"cbofiltror"_s, u"apenas do dia"_s);
     QCOMPARE(shop.list(u"lstreceber"_s)->rowCount(), 1);
     shop.choose(u"cbotipor"_s, u"Concluídos"_s);
@@ -293,8 +280,8 @@ void tst_screens::filtersAreKeptAndSurviveFailures()
 
     shop.window.reset();
     shop.open();
-    QCOMPARE(shop.find<QComboBox>(u"cbocliente"_s)->currentText(), u"Ana"_s);
-    QCOMPARE(shop.find<QComboBox>(u"cbotipor"_s)->currentText(), u"Concluídos"_s);
+    QCOMPARE(shop.text(u"cbocliente"_s), u"Ana"_s);
+    QCOMPARE(shop.text(u"cbotipor"_s), u"Concluídos"_s);
     QCOMPARE(settings::value(settings::receivablePeriod), u"apenas do dia"_s);
 }
 

@@ -164,7 +164,7 @@ void tst_reports::textReport()
                             "Descrição  Valor     \n*********  ********  \n\nLuz        R$ 10,00  \n\n"
                             "Filtrado por: hoje\n"
                             "Gerado domingo, 22 de novembro de 2026 às 14:05:09\n\nTavaro\n"
-                            "Organizando a sua vida financeira\nloja.example\n"_s);
+                            "© Tavaro - controle financeiro e de estoque\nloja.example\n"_s);
 }
 
 void tst_reports::htmlReport()
@@ -178,8 +178,8 @@ void tst_reports::htmlReport()
     reporttext::saveHtml(path, report, nullptr);
     QCOMPARE(
         content(path),
-        u"<!DOCTYPE html>\n<html>\n<head>\n<meta charset='utf-8'>\n<title>CONTAS A PAGAR - Abril &amp; "
-        u"maio</title>\n"
+        u"<html>\n<head>\n<title>CONTAS A PAGAR - Abril &amp; "
+        u"maio</title>\n<meta charset='utf-8'>\n"
         "<p><font face='Arial'>\n<center><b>CONTAS A PAGAR - Abril &amp; maio</b>\n<hr>\n"
         "Relatório &lt;geral&gt;\n<br>\nTavaro organizando a sua vida "
         "financeira!<br><br>\n</center></font></p>\n"
@@ -191,7 +191,7 @@ void tst_reports::htmlReport()
         "<p><font face='Arial'><center>\n"
         "<br><b>Estatísticas</b><hr>Total: 1<br>Valor: &quot;10&quot;<hr><br>\n"
         "Gerado domingo, 22 de novembro de 2026 às 14:05:09<br>\n<br>\n<b>Loja &lt;da&gt; Ana</b><br>\n<br>\n"
-        "Organizando a sua vida financeira<br>\n"
+        "© Tavaro - controle financeiro e de estoque<br>\n"
         "<p><a href='https://loja.example/?a=&#39;b'>loja.example/?a=&#39;b</a></p>\n</center></font></p>\n"_s);
 }
 

@@ -5,6 +5,7 @@
 #include "settings/palette.h"
 #include "settings/programfolder.h"
 #include "settings/settings.h"
+#include "support/answers.h"
 
 #include <QDir>
 #include <QFile>
@@ -23,22 +24,16 @@ class TestSettings : public QObject
 private Q_SLOTS:
     void init();
     void keysAreFoundInAnyLetterCase();
-    void anyTextComesBack_data();
     void anyTextComesBack();
-    void defaultsOfAFreshInstallation();
     void theFileIsTheOwnersOnly();
     void anotherProgramsChangeIsSeenAndKept();
     void anUnwritableFolderIsReportedAndChangesNothing();
-    void foreignFilesAreRead_data();
     void foreignFilesAreRead();
     void layoutsComeBack();
     void brokenLayoutsGiveDefaults();
     void startWithTheSystem();
-    void registryPathsAreChecked_data();
     void registryPathsAreChecked();
     void userFolderIsFilledOnce();
-    void namedFolder();
-    void colourNumbers_data();
     void colourNumbers();
 
 private:
@@ -75,51 +70,27 @@ QByteArray TestSettings::bytes(const QString &path)
 
 void TestSettings::keysAreFoundInAnyLetterCase()
 {
+    const auto read = [](const QString &program, const QString &group) {
+        return settings::read(program, group, u"visualizardadosBANCARIO"_s, u"0"_s);
+    };
     settings::write(u"Tavaro"_s, u"Configurações"_s, u"VisualizarDadosbancario"_s, u"2"_s);
     QCOMPARE(settings::value(settings::bankViewPeriod), u"2"_s);
-    QCOMPARE(settings::read(u"TAVARO"_s, u"CONFIGURAÇÕES"_s, u"visualizardadosBANCARIO"_s, u"0"_s), u"2"_s);
     settings::setFolder(in(u"config/tavaro"_s)); // read from the file, not from memory
-    QCOMPARE(settings::read(u"tavaro"_s, u"CONFIGURAÇÕES"_s, u"visualizardadosBANCARIO"_s, u"0"_s), u"2"_s);
-    QCOMPARE(settings::read(u"Tavaro"_s, u"configuracoes"_s, u"VisualizarDadosBancario"_s, u"0"_s), u"0"_s);
-    QCOMPARE(settings::read(u"Adm Tavaro"_s, u"Configurações"_s, u"VisualizarDadosBancario"_s, u"0"_s),
-             u"0"_s);
-    QCOMPARE(settings::read(u"Tavaro"_s, u"Configurações\\relatorio"_s, u"VisualizarDadosBancario"_s, u"0"_s),
-             u"0"_s);
-}
-
-void TestSettings::anyTextComesBack_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::newRow("empty") << u""_s;
-    QTest::newRow("blanks at the ends") << u"  Loja da Ana  "_s;
-    QTest::newRow("lines") << u"um\ndois\r\ntrês"_s;
-    QTest::newRow("backslashes") << u"\\\\servidor\\nova\\rede\\"_s;
-    QTest::newRow("signs of the file format") << u"[a]=b;c#d"_s;
-    QTest::newRow("beyond the BMP") << u"ação €😀"_s;
+    QCOMPARE(read(u"TAVARO"_s, u"CONFIGURAÇÕES"_s), u"2"_s);
+    QCOMPARE(read(u"Tavaro"_s, u"configuracoes"_s), u"0"_s);
+    QCOMPARE(read(u"Adm Tavaro"_s, u"Configurações"_s), u"0"_s);
 }
 
 void TestSettings::anyTextComesBack()
 {
-    QFETCH(QString, text);
-    settings::setValue(settings::companyName, text);
-    settings::setValue(settings::companySlogan, u"depois"_s);
-    settings::setFolder(in(u"config/tavaro"_s));
-    QCOMPARE(settings::value(settings::companyName), text);
-    QCOMPARE(settings::value(settings::companySlogan), u"depois"_s);
-}
-
-void TestSettings::defaultsOfAFreshInstallation()
-{
-    QCOMPARE(settings::value(settings::databasePath), u"SemRede"_s);
-    QCOMPARE(settings::value(settings::textColourIndex), u"9"_s);
-    QVERIFY(settings::isOn(settings::dueAlerts));
-    QVERIFY(!QFile::exists(in(u"config"_s)));
-
-    const ListLayout layout = listlayout::load(listlayout::receivables());
-    QCOMPARE(layout.widths.at(0), 0.0);
-    QCOMPARE(layout.widths.at(1), 1319.8111);
-    QCOMPARE(layout.positions, std::vector<int>({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13}));
-    QVERIFY(!QFile::exists(in(u"programa/receber.ini"_s)));
+    for (const QString &text : {u""_s, u"  Loja da Ana  "_s, u"um\ndois\r\ntrês"_s,
+                                u"\\\\servidor\\nova\\rede\\"_s, u"[a]=b;c#d"_s, u"ação €😀"_s}) {
+        settings::setValue(settings::companyName, text);
+        settings::setValue(settings::companySlogan, u"depois"_s);
+        settings::setFolder(in(u"config/tavaro"_s));
+        QCOMPARE(settings::value(settings::companyName), text);
+        QCOMPARE(settings::value(settings::companySlogan), u"depois"_s);
+    }
 }
 
 void TestSettings::theFileIsTheOwnersOnly()
@@ -169,28 +140,22 @@ void TestSettings::anUnwritableFolderIsReportedAndChangesNothing()
     QCOMPARE(QDir(in(u"other"_s)).entryList(QDir::Files | QDir::Hidden), QStringList());
 }
 
-void TestSettings::foreignFilesAreRead_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("CR LF, Latin-1") << QByteArray("[TAMANHO]\r\ndescri\xE7\xE3o=1319,8111\r\n");
-    QTest::newRow("UTF-8 with mark") << QByteArray("\xEF\xBB\xBF[tamanho]\ndescrição=1319,8111");
-    QTest::newRow("comments, blanks, lost lines")
-        << QByteArray("; TAMANHO\nrubbish\n\n [TAMANHO] \n#DESCRIÇÃO=1\n=2\n DESCRIÇÃO =1319,8111\n");
-    QTest::newRow("the first counts")
-        << QByteArray("[TAMANHO]\ndescrição=1319,8111\nDESCRIÇÃO=3\n[x]\n[tamanho]\n"
-                      "descrição=4\n");
-}
-
 void TestSettings::foreignFilesAreRead()
 {
-    QFETCH(QByteArray, bytes);
-    put(in(u"a.ini"_s), bytes);
-    QCOMPARE(IniFile(in(u"a.ini"_s)).value(u"Tamanho"_s, u"Descrição"_s, u"default"_s), u"1319,8111"_s);
+    for (const QByteArray bytes :
+         {"[TAMANHO]\r\ndescri\xE7\xE3o=1319,8111\r\n", // Latin-1
+          "\xEF\xBB\xBF[tamanho]\ndescrição=1319,8111", // UTF-8 with a mark
+          "; TAMANHO\nrubbish\n\n [TAMANHO] \n#DESCRIÇÃO=1\n=2\n DESCRIÇÃO =1319,8111\n",
+          "[TAMANHO]\ndescrição=1319,8111\nDESCRIÇÃO=3\n[x]\n[tamanho]\ndescrição=4\n"}) {
+        put(in(u"a.ini"_s), bytes);
+        QCOMPARE(IniFile(in(u"a.ini"_s)).value(u"Tamanho"_s, u"Descrição"_s, u"default"_s), u"1319,8111"_s);
+    }
 }
 
 void TestSettings::layoutsComeBack()
 {
     ListLayout layout = listlayout::load(listlayout::movements());
+    QVERIFY(!QFile::exists(in(u"programa/bancario.ini"_s)));
     layout.widths.at(2) = 1234.5;
     std::swap(layout.positions.at(1), layout.positions.at(7));
     listlayout::save(listlayout::movements(), layout);
@@ -242,25 +207,17 @@ void TestSettings::startWithTheSystem()
     QVERIFY(settings::isOn(settings::startWithSystem));
 }
 
-void TestSettings::registryPathsAreChecked_data()
-{
-    QTest::addColumn<QString>("message");
-    QTest::newRow("HKEY_LOCAL_MACHINE\\software\\microsoft\\windows\\currentversion\\run") << QString();
-    QTest::newRow("HKEY_LOCAL_MACHINE\\SOFTWARE\\Other") << u"Can't Open Key"_s;
-    QTest::newRow("HKEY_USERS") << u"Can't Open Key"_s;
-    QTest::newRow("HKEY_OTHER\\SOFTWARE") << u"Incorrect Format:HKEY_OTHER\\SOFTWARE"_s;
-    QTest::newRow("SOFTWARE\\HKEY_USERS") << u"Incorrect Format:SOFTWARE\\HKEY_USERS"_s;
-    QTest::newRow("") << u"Incorrect Format:"_s;
-}
-
 void TestSettings::registryPathsAreChecked()
 {
-    QFETCH(QString, message);
-    QCOMPARE(autostart::writeValue(QString::fromLatin1(QTest::currentDataTag()), u"Corvel"_s, u"x"_s),
-             message);
-    QCOMPARE(QFile::exists(in(u"config/autostart/tavaro.desktop"_s)), message.isEmpty());
-    QCOMPARE(autostart::errorText(5), u"Access to this key is denied"_s);
-    QCOMPARE(autostart::errorText(4711), u"Undefined Error Code:  4711"_s);
+    checkAnswers(u"HKEY_LOCAL_MACHINE\\SOFTWARE\\Other -> Can't Open Key ; HKEY_USERS -> Can't Open Key\n"
+                 "HKEY_OTHER\\SOFTWARE -> Incorrect Format:HKEY_OTHER\\SOFTWARE\n"
+                 "SOFTWARE\\HKEY_USERS -> Incorrect Format:SOFTWARE\\HKEY_USERS"_s,
+                 [](const QString &path) { return autostart::writeValue(path, u"Corvel"_s, u"x"_s); });
+    QVERIFY(!QFile::exists(in(u"config/autostart/tavaro.desktop"_s)));
+    QCOMPARE(autostart::writeValue(u"HKEY_LOCAL_MACHINE\\software\\microsoft\\windows\\currentversion\\run"_s,
+                                   u"Corvel"_s, u"x"_s),
+             QString());
+    QVERIFY(QFile::exists(in(u"config/autostart/tavaro.desktop"_s)));
 }
 
 void TestSettings::userFolderIsFilledOnce()
@@ -289,41 +246,15 @@ void TestSettings::userFolderIsFilledOnce()
     QVERIFY(!QFile::exists(folder.filePath(u"dados.qorvex"_s)));
 }
 
-void TestSettings::namedFolder()
-{
-    programfolder::choose(in(u"programa/"_s));
-    QCOMPARE(programfolder::file(u"dados.qorvex"_s), in(u"programa/dados.qorvex"_s));
-    QVERIFY_THROWS_EXCEPTION(Error, programfolder::choose(in(u"missing"_s)));
-    QCOMPARE(programfolder::path(), in(u"programa"_s));
-    QVERIFY(!QFile::exists(in(u"missing"_s)));
-}
-
-void TestSettings::colourNumbers_data()
-{
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *number, const char *expected) {
-        QTest::newRow(number) << QString::fromLatin1(expected);
-    };
-    row("&HFFFFFF", "ffffff");
-    row("0", "0");
-    row("&HD0F7FF", "fff7d0"); // blue comes first
-    row("&hff&", "ff0000");
-    row("255", "ff0000");
-    row("&H80000005", "none");
-    row("-1", "none");
-    row("&H", "none");
-    row("", "none");
-    row("azul", "none");
-}
-
 void TestSettings::colourNumbers()
 {
-    QFETCH(QString, expected);
-    const auto rgb = palette::rgb(QString::fromLatin1(QTest::currentDataTag()));
-    QCOMPARE(rgb ? QString::number(*rgb, 16) : u"none"_s, expected);
-
-    QCOMPARE(palette::colours().at(0).number, settings::firstBackground.defaultValue);
-    QCOMPARE(palette::colours().at(9).number, settings::textColour.defaultValue);
+    // Blue comes first.
+    checkAnswers(u"&HD0F7FF -> fff7d0 ; &hff& -> ff0000 ; 255 -> ff0000 ; 0 -> 0\n"
+                 "&H80000005 -> none ; -1 -> none ; &H -> none ; azul -> none"_s,
+                 [](const QString &number) {
+                     const auto rgb = palette::rgb(number);
+                     return rgb ? QString::number(*rgb, 16) : u"none"_s;
+                 });
     for (const palette::Colour &colour : palette::colours())
         QVERIFY2(palette::rgb(colour.number), qPrintable(colour.name.toString()));
 }

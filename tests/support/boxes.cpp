@@ -45,6 +45,13 @@ QString describe(const QDialog &dialog)
     return line.arg(u"dialog"_s, dialog.objectName(), dialog.windowTitle());
 }
 
+/// The wait screen, or a screen that is only modal to the one under it: the test itself works on those.
+bool isScreen(const QDialog &dialog)
+{
+    return dialog.objectName() == u"frmCarregando" ||
+           (dialog.windowModality() == Qt::WindowModal && !qobject_cast<const QMessageBox *>(&dialog));
+}
+
 template <typename Value>
 std::optional<Value> taken(std::queue<Value> &queue)
 {
@@ -72,8 +79,7 @@ void Boxes::look()
 {
     QTimer::singleShot(interval, this, &Boxes::look);
     auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-    if (!dialog || !dialog->isVisible() || m_busy.contains(dialog) ||
-        dialog->objectName() == u"frmCarregando")
+    if (!dialog || !dialog->isVisible() || m_busy.contains(dialog) || isScreen(*dialog))
         return;
     m_busy << dialog;
     m_seen << describe(*dialog);

@@ -17,7 +17,7 @@
 ///     QTest::mouseClick(remove, Qt::LeftButton);
 ///     QCOMPARE(boxes.seen().join(u'\n'), u"question | Remover | Tem certeza?"_s);
 ///
-/// The wait screen is left alone.
+/// The wait screen and screens that are only modal to the one under them are left alone.
 class Boxes : public QObject
 {
     Q_OBJECT

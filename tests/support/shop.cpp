@@ -3,11 +3,11 @@
 #include "data/clock.h"
 #include "widgets/listview.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTabWidget>
 #include <QTest>
 
@@ -25,6 +25,14 @@ void Shop::open()
     window->start();
 }
 
+bool Shop::isShown(const QObject *control)
+{
+    const auto *widget = qobject_cast<const QWidget *>(control);
+    if (widget && widget->isWindow() && widget->windowType() != Qt::Popup)
+        return widget->isVisible();
+    return control->parent() && isShown(control->parent());
+}
+
 QDialog *Shop::screen(const QString &name) const
 {
     for (QWidget *top : QApplication::topLevelWidgets())
@@ -40,7 +48,7 @@ void Shop::command(const QString &name) const
 
 void Shop::press(const QString &name) const
 {
-    QTest::mouseClick(find<QPushButton>(name), Qt::LeftButton);
+    QTest::mouseClick(find<QAbstractButton>(name), Qt::LeftButton);
 }
 
 void Shop::type(const QString &name, const QString &text) const

@@ -26,13 +26,15 @@ public:
     {
         T *found = nullptr;
         for (QWidget *top : QApplication::topLevelWidgets())
-            if (T *match = top->findChild<T *>(name);
-                match && top->isVisible() && (!found || top != window.get()))
-                found = match;
+            for (T *match : top->findChildren<T *>(name))
+                if (isShown(match) && (!found || top != window.get()))
+                    found = match;
         if (!found)
             qFatal("no %s", qPrintable(name));
         return found;
     }
+    /// Whether the control's window is on the screen; a closed one may still exist.
+    static bool isShown(const QObject *control);
     /// The visible screen with the name; null when there is none.
     QDialog *screen(const QString &name) const;
     void command(const QString &name) const;

@@ -11,6 +11,8 @@
 #include "entries/frmcliente.h"
 #include "entries/frmmultiplos.h"
 #include "entries/frmvisualizar.h"
+#include "reports/frmimpressao.h"
+#include "reports/frmrelatorio.h"
 #include "settings/frmconfigsoft.h"
 #include "settings/programfolder.h"
 #include "settings/settings.h"
@@ -116,6 +118,20 @@ void mainWindow(Pictures &pictures, frmPrincipal &window)
     tabs->setCurrentIndex(frmPrincipal::PayablesTab);
 }
 
+void reports(Pictures &pictures, frmPrincipal &window)
+{
+    Report report;
+    report.title = u"CONTAS A PAGAR"_s;
+    report.subtitle = u"Todas as despesas"_s;
+    report.filterText = u"Relatório gerado entre as datas de 01/11/2026 e 30/11/2026 - Período de 29 dias."_s;
+    report.tables = {window.findChild<ListView *>(u"lstpagar"_s)->tableSource()};
+    report.statistics = u"Total de cadastros no período: 120\nTotal de despesas: R$ 10,00"_s;
+    pictures.takeAndClose(frmRelatorio::open(report, &window), u"relatorio"_s);
+    frmimpressao pages(modimpressao::document(report), &window);
+    pages.show();
+    pictures.takeAndClose(&pages, u"impressao"_s);
+}
+
 void movements(Pictures &pictures, frmPrincipal &window)
 {
     pictures.takeAndClose(frmmovimentobanc::openNew(&window), u"movimento"_s);
@@ -215,5 +231,6 @@ int main(int argc, char *argv[])
     movements(pictures, window);
     contacts(pictures, window);
     periodViews(pictures, window);
+    reports(pictures, window);
     return pictures.failed() ? 1 : 0;
 }
