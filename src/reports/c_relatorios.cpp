@@ -92,8 +92,7 @@ private:
             width = displaywidth::of(text);
         }
         output << text;
-        output.repeat(std::size_t(m_widths[std::size_t(column)] - width), ' ');
-        output << columnGap;
+        output.repeat(std::size_t(m_widths[std::size_t(column)] - width) + columnGap.size(), ' ');
     }
 
     const TableSource &m_list;

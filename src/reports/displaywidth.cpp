@@ -1,11 +1,13 @@
 #include "reports/displaywidth.h"
 
+#include <QList>
 #include <QString>
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
 #include <clocale>
 #include <cwchar>
+#include <limits>
 #include <optional>
 
 namespace {
@@ -14,13 +16,21 @@ namespace {
 constexpr unsigned char firstUncommonByte = 0xCC;
 constexpr char16_t emojiStyle = 0xFE0F;
 
-/// The width of texts up to U+02FF, by far the most; nothing for others.
+/// Dashes, quotation marks and currency signs, of one column each: U+2010 to U+2027, U+2080 to U+20BF.
+bool isCommonSign(std::string_view utf8)
+{
+    if (utf8.size() < 3 || utf8[0] != '\xE2')
+        return false;
+    return utf8[1] == '\x82' || (utf8[1] == '\x80' && utf8[2] >= '\x90' && utf8[2] <= '\xA7');
+}
+
+/// The width of texts in Latin letters and common signs, by far the most; nothing for others.
 std::optional<int> widthOfCommon(std::string_view utf8)
 {
     int width = 0;
-    for (const char c : utf8) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte >= firstUncommonByte)
+    for (std::size_t i = 0; i < utf8.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(utf8[i]);
+        if (byte >= firstUncommonByte && !isCommonSign(utf8.substr(i)))
             return std::nullopt;
         width += (byte & 0xC0U) != 0x80U ? 1 : 0;
     }

@@ -12,10 +12,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double gapInEms = 1.2;
-constexpr double widestTextInEms = 28; ///< a long note does not make the whole page wide
-constexpr double narrowestTextInEms =
-    7; ///< a text is not cut off below this before the letters become smaller
-constexpr double smallestScale = 0.6;
+constexpr double widestTextInEms = 28;   ///< a long note does not make the whole page wide
+constexpr double sensibleTextInEms = 12; ///< letters become smaller before a text is cut off below this
+constexpr double narrowestTextInEms = 3;
+constexpr double scaleSlack = 1.02; ///< the widths of smaller letters are not exactly in proportion
+constexpr double smallestScale = 0.7;
 constexpr int measuredRows = 500;
 
 /// What a column's values take: the longest one of all, and the widest of an even choice of rows.
@@ -129,50 +130,66 @@ void PageGrid::setScale(double scale)
     m_font = PageFont(m_family, m_points * scale, false, m_device);
     m_boldFont = PageFont(m_family, m_points * scale, true, m_device);
     for (Cell &cell : m_cells)
-        cell.width *= scale;
+        cell.width = std::ceil(cell.width * scale * scaleSlack);
 }
 
-/// Makes the letters as small as needed for texts of a sensible least width, then cuts the widest texts.
+/// Takes `excess` from the widest texts, none below `least`; returns what could not be taken.
+double PageGrid::narrowTexts(double excess, double least)
+{
+    while (excess > 0) {
+        // The widest texts lose width down to the next widest.
+        double widest = least, next = least;
+        for (const Cell &cell : m_cells)
+            widest = cell.isText ? std::max(widest, cell.width) : widest;
+        const auto isWidest = [widest](const Cell &cell) { return cell.isText && cell.width >= widest; };
+        for (const Cell &cell : m_cells)
+            next = cell.isText && !isWidest(cell) ? std::max(next, cell.width) : next;
+        const double cut =
+            std::min(widest - next,
+                     excess / double(std::max<std::ptrdiff_t>(1, std::ranges::count_if(m_cells, isWidest))));
+        if (cut <= 0)
+            break;
+        for (Cell &cell : m_cells) {
+            if (isWidest(cell)) {
+                cell.width -= cut;
+                excess -= cut;
+            }
+        }
+        if (excess < 0.5)
+            return 0;
+    }
+    return std::max(0.0, excess);
+}
+
+/// Makes the letters as small as needed for texts of a sensible width, then cuts the widest texts.
 void PageGrid::fit(double pageWidth)
 {
     const double em = m_font.width(u"M"_s);
-    const double gaps = gapInEms * em * double(m_cells.size() - 1);
-    double least = gaps;
+    double gap = gapInEms * em;
+    const double gaps = gap * double(m_cells.size() - 1);
+    double sensible = gaps;
     m_naturalWidth = gaps;
     for (const Cell &cell : m_cells) {
         m_naturalWidth += cell.width;
-        least += cell.isText ? std::min(cell.width, narrowestTextInEms * em) : cell.width;
+        sensible += cell.isText ? std::min(cell.width, sensibleTextInEms * em) : cell.width;
     }
-    const double scale = least > pageWidth ? std::max(smallestScale, pageWidth / least) : 1.0;
-    if (scale < 1.0)
+    const double scale = sensible > pageWidth ? std::max(smallestScale, pageWidth / sensible) : 1.0;
+    double excess = m_naturalWidth - pageWidth;
+    if (scale < 1.0) {
         setScale(scale);
-
-    double excess = m_naturalWidth * scale - pageWidth;
-    while (excess > 0.5) {
-        // The widest texts lose width down to the next widest, until all fits or no text has any to lose.
-        double widest = 0, next = narrowestTextInEms * em * scale;
-        int count = 0;
+        gap *= scale;
+        excess = gap * double(m_cells.size() - 1) - pageWidth;
         for (const Cell &cell : m_cells)
-            widest = cell.isText ? std::max(widest, cell.width) : widest;
-        if (widest <= next)
-            break;
-        for (const Cell &cell : m_cells) {
-            if (cell.isText && cell.width < widest)
-                next = std::max(next, cell.width);
-            count += cell.isText && cell.width >= widest ? 1 : 0;
-        }
-        const double cut = std::min(widest - next, excess / count);
-        for (Cell &cell : m_cells)
-            cell.width -= cell.isText && cell.width >= widest ? cut : 0;
-        excess -= cut * count;
+            excess += cell.width;
     }
+    excess = narrowTexts(excess, narrowestTextInEms * em * scale);
     double x = 0;
     for (Cell &cell : m_cells) {
         cell.x = x;
-        x += cell.width + gapInEms * em * scale;
+        x += cell.width + gap;
     }
     // Too many columns for any paper: all share what there is.
-    const double squeeze = excess > 0.5 ? pageWidth / (pageWidth + excess) : 1.0;
+    const double squeeze = pageWidth / (pageWidth + excess);
     for (Cell &cell : m_cells) {
         cell.x *= squeeze;
         cell.width *= squeeze;

@@ -51,6 +51,7 @@ public:
 private:
     void fit(double pageWidth);
     void setScale(double scale);
+    double narrowTexts(double excess, double least);
 
     const PageTable &m_table;
     QPagedPaintDevice &m_device;

@@ -1,17 +1,26 @@
 #include "data/clock.h"
 #include "data/storedtable.h"
 #include "reports/c_relatorios.h"
-#include "reports/displaywidth.h"
+#include "reports/frmrelatorio.h"
 #include "reports/modimpressao.h"
 #include "reports/reporttext.h"
 #include "settings/settings.h"
+#include "support/boxes.h"
 #include "support/testprogram.h"
+#include "widgets/listview.h"
 #include "widgets/pageprinter.h"
 
 #include <QBuffer>
+#include <QDesktopServices>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLabel>
+#include <QPdfWriter>
+#include <QPrintPreviewWidget>
 #include <QProcess>
+#include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <sys/resource.h>
@@ -64,7 +73,22 @@ Report sample()
     return report;
 }
 
-/// What a PDF shows, as text.
+std::shared_ptr<const TableSource> longTable()
+{
+    QList<QStringList> lines{{u"Data"_s, u"Descrição"_s, u"Documento"_s, u"Valor"_s}};
+    for (int i = 1; i <= 120; ++i)
+        lines << QStringList{u"22/11/2026"_s, u"Item %1"_s.arg(i), u""_s, u"R$ %1,00"_s.arg(i)};
+    return table(lines);
+}
+
+QList<QStringList> numbered(int count)
+{
+    QList<QStringList> lines{{u"Nome"_s}};
+    for (int i = 0; i < count; ++i)
+        lines << QStringList{u"linha %1"_s.arg(i)};
+    return lines;
+}
+
 QString pdfText(const QString &path)
 {
     QProcess process;
@@ -77,6 +101,62 @@ QPageLayout paper(QPageLayout::Orientation orientation = QPageLayout::Portrait)
     return QPageLayout(QPageSize(QPageSize::A4), orientation, QMarginsF(12, 12, 12, 12),
                        QPageLayout::Millimeter);
 }
+
+/// What a PDF of the document shows, page by page: lines with single blanks, without empty ones; a rule is
+/// "RULE", with its length if it is not the width of the page.
+QStringList pdfPages(const PageDocument &document)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"p.pdf"_s);
+    savePdf(path, document, paper(), nullptr);
+    QStringList pages;
+    for (const QString &page : pdfText(path).split(u'\f', Qt::SkipEmptyParts)) {
+        QStringList lines;
+        for (const QString &line : page.split(u'\n')) {
+            const QString text = line.simplified();
+            const bool isRule = text.size() > 20 && text.count(u'_') == text.size();
+            if (!text.isEmpty())
+                lines << (!isRule ? text : text.size() == 132 ? u"RULE132"_s : u"RULE"_s);
+        }
+        pages << lines.join(u'\n');
+    }
+    return pages;
+}
+
+/// While it lives, files cannot grow beyond some kilobytes, as on a disk that is nearly full.
+class FullDisk
+{
+public:
+    FullDisk() : m_handler(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        ::getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit small = {50000, m_before.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~FullDisk()
+    {
+        ::setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handler);
+    }
+    Q_DISABLE_COPY_MOVE(FullDisk)
+
+private:
+    rlimit m_before = {};
+    void (*m_handler)(int);
+};
+
+/// Takes the place of the desktop, which would open the files.
+class UrlCatcher : public QObject
+{
+    Q_OBJECT
+
+public:
+    UrlCatcher() { QDesktopServices::setUrlHandler(u"file"_s, this, "open"); }
+    ~UrlCatcher() override { QDesktopServices::unsetUrlHandler(u"file"_s); }
+    Q_INVOKABLE void open(const QUrl &url) { urls << url; }
+
+    QList<QUrl> urls;
+};
 
 } // namespace
 
@@ -94,6 +174,11 @@ private Q_SLOTS:
     void aFailedWriteKeepsTheOlderFile_data();
     void aFailedWriteKeepsTheOlderFile();
     void pages();
+    void otherPages();
+    void wideListsKeepTheirAmounts();
+    void screenSavesWhatItShows();
+    void failuresAreTold();
+    void printingScreen();
 
 private:
     std::unique_ptr<TestProgram> m_program;
@@ -114,9 +199,10 @@ void tst_reports::text_data()
     QTest::newRow("accents and wide characters take their width")
         << Lines{{u"Descrição"_s, u"X"_s},
                  {u"e\u0301 ação"_s, u"中文"_s},
+                 {u"“€” – z…"_s, u"a\u20DD"_s},
                  {u"👨‍👩‍👧 🇧🇷"_s, u"a"_s}}
         << 9999
-        << u"Descrição  X     \n*********  ****  \n\ne\u0301 ação     中文  \n👨‍👩‍👧 🇧🇷      a     \n\n"_s;
+        << u"Descrição  X     \n*********  ****  \n\ne\u0301 ação     中文  \n“€” – z…   a\u20DD     \n👨‍👩‍👧 🇧🇷      a     \n\n"_s;
     QTest::newRow("no rows") << Lines{{u"Data"_s, u"Valor"_s}} << 9999 << u"Data  Valor  \n****  *****  \n"_s;
     QTest::newRow("empty cells and line breaks")
         << Lines{{u"A"_s, u"B"_s}, {u""_s, u"um\r\ndois\n\ttrês"_s}} << 9999
@@ -210,20 +296,12 @@ void tst_reports::aFailedWriteKeepsTheOlderFile()
     QFile older(path);
     QVERIFY(older.open(QIODevice::WriteOnly) && older.write("antigo") == 6);
     older.close();
-    QList<QStringList> lines{{u"Nome"_s}};
-    for (int i = 0; i < 20000; ++i)
-        lines << QStringList{u"linha %1"_s.arg(i)};
     Report report = sample();
-    report.tables = {table(lines)};
+    report.tables = {table(numbered(20000))};
 
-    // A full disk, as the program sees one.
-    rlimit before = {};
-    ::getrlimit(RLIMIT_FSIZE, &before);
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit small = {50000, before.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &small);
     QString error;
     try {
+        const FullDisk disk;
         if (name == u"r.txt")
             reporttext::saveText(path, report, nullptr);
         else if (name == u"r.html")
@@ -233,8 +311,6 @@ void tst_reports::aFailedWriteKeepsTheOlderFile()
     } catch (const Error &failure) {
         error = failure.text();
     }
-    ::setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
 
     QVERIFY2(error.startsWith(u"Não foi possível gravar o arquivo \"%1\": "_s.arg(path)), qPrintable(error));
     QCOMPARE(content(path), u"antigo"_s);
@@ -243,14 +319,149 @@ void tst_reports::aFailedWriteKeepsTheOlderFile()
 
 void tst_reports::pages()
 {
-    QList<QStringList> lines{{u"Data"_s, u"Descrição"_s, u"Documento"_s, u"Valor"_s}};
-    for (int i = 1; i <= 120; ++i)
-        lines << QStringList{u"22/11/2026"_s, u"Item %1"_s.arg(i), u""_s, u"R$ %1,00"_s.arg(i)};
     Report report = sample();
-    report.tables = {table(lines)};
+    report.tables = {longTable()};
+    report.lines = {u"Filtrado por: hoje"_s};
+    const QStringList pages = pdfPages(modimpressao::document(report));
+    QCOMPARE(pages.size(), 3);
+    const QString header =
+        u"Gerado domingo, 22 de novembro de 2026 às 14:05:09\nTavaro\nOrganizando a sua vida financeira\n"_s;
+    QCOMPARE(pages[0].left(pages[0].indexOf(u"22/11/2026 Item 2 "_s)),
+             header +
+                 u"CONTAS A PAGAR\nAbril & maio\nRelatório <geral>\nRULE\nData Descrição Documento Valor\n"
+                 "22/11/2026 Item 1 - R$ 1,00\n"_s);
+    for (int i = 0; i < pages.size(); ++i)
+        QVERIFY2(pages[i].endsWith(u"\nCONTAS A PAGAR - Página: %1"_s.arg(i + 1)), qPrintable(pages[i]));
+    QVERIFY2(pages[1].startsWith(header + u"RULE\nData Descrição Documento Valor\n22/11/2026 Item "_s),
+             qPrintable(pages[1]));
+    QVERIFY2(pages[2].contains(u"22/11/2026 Item 120 - R$ 120,00\nFiltrado por: hoje\nEstatísticas\nRULE\n"
+                               "Total: 1\nValor: \"10\"\nRULE\n"_s),
+             qPrintable(pages[2]));
+    for (int i = 1; i <= 120; ++i)
+        QVERIFY(pages.join(u'\n').count(u" Item %1 - R$ %1,00\n"_s.arg(i)) == 1);
+}
+
+void tst_reports::otherPages()
+{
+    Report report = sample();
+    report.tables = {longTable()};
+    const QStringList designed = pdfPages(modimpressao::document(report, modimpressao::designerPages()));
+    QVERIFY(designed[1].startsWith(u"Emitido em domingo, 22 de novembro de 2026 às 14:05:09\nRULE\nData "_s));
+    QVERIFY(designed[1].endsWith(u"\nPágina atual: 2 de 3"_s));
+
+    const QStringList line{u"22/11/2026"_s, u"Luz"_s,  u""_s,      u"Ana"_s,    u"10/12/2026"_s,
+                           u"R$ 10,00"_s,   u"Pago"_s, u"Caixa"_s, u"à vista"_s};
+    const QStringList titles{u"Data"_s,  u"Descrição"_s, u"Documento"_s, u"Fornecedor"_s, u"Vencimento"_s,
+                             u"Valor"_s, u"Estatus"_s,   u"Conta"_s,     u"Informações"_s};
+    report.tables = {table({titles, line})};
+    QString moved = pdfPages(modimpressao::document(report, modimpressao::movementPages())).join(u'\n');
+    QVERIFY2(
+        moved.contains(u"22/11/2026 Luz - Ana\nVencimento: 10/12/2026\nValor: R$ 10,00\nConta origem: Caixa\n"
+                       "Estatus: Pago\nInformações: à vista\nEstatísticas\nRULE132\n"_s),
+        qPrintable(moved));
+    using modimpressao::ListKind;
+    const auto setup = modimpressao::listPages(ListKind::ByDueDate, *report.tables[0]);
+    moved = pdfPages(modimpressao::document(report, setup)).join(u'\n');
+    QVERIFY2(moved.contains(
+                 u"RULE\nVENC. DESCRIÇÃO DOC. FORNECEDOR/CLIENTE\n10/12/2026 Luz - Ana\n"
+                 "Data: 22/11/2026 Valor: R$ 10,00 Estatus: Pago Conta: Caixa Informações: à vista\n"_s),
+             qPrintable(moved));
+}
+
+void tst_reports::wideListsKeepTheirAmounts()
+{
+    QStringList titles{u"Valor"_s}, line{u"R$ 123.456.789,00"_s};
+    for (int i = 1; i <= 12; ++i) {
+        titles << u"Coluna %1"_s.arg(i);
+        line << u"texto bastante comprido %1"_s.arg(i);
+    }
+    Report report = sample();
+    report.tables = {table({titles, line})};
+    const PageDocument document = modimpressao::document(report);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    QCOMPARE(PagePrinter::fittingOrientation(document, writer), QPageLayout::Landscape);
+    QCOMPARE(PagePrinter::fittingOrientation(modimpressao::document(sample()), writer),
+             QPageLayout::Portrait);
+    const QString text = pdfPages(document).join(u'\n');
+    QVERIFY2(text.contains(u"R$ 123.456.789,00 texto"_s) && text.contains(u'…'), qPrintable(text));
+
+    writer.setPageSize(QPageSize(QSizeF(30, 20), QPageSize::Millimeter));
+    QVERIFY_THROWS_EXCEPTION(Error, PagePrinter(document, writer).pageCount());
+}
+
+void tst_reports::screenSavesWhatItShows()
+{
+    Boxes boxes;
+    const UrlCatcher opened;
+    Report report = sample();
+    report.tables = {
+        table({{u"Descrição"_s, u"Valor"_s}, {u"Luz"_s, u"R$ 10,00"_s}, {u"Água"_s, u"R$ 9,00"_s}})};
+    const std::unique_ptr<frmRelatorio> screen(frmRelatorio::open(report, nullptr, reportscreen::movement()));
+    QCOMPARE(screen->objectName(), u"frmMovimento"_s);
+    screen->findChild<ListView *>(u"lstrelatorio"_s)->table().sort(1, Qt::AscendingOrder);
+
+    const QString path = m_program->file(u"r.txt"_s);
+    boxes.chooseFile(path);
+    boxes.answer(QMessageBox::Yes);
+    screen->findChild<QPushButton *>(u"cmdtxt"_s)->click();
+    QCOMPARE(
+        boxes.seen().join(u'\n'),
+        u"file | Salvar relatório em txt | Arquivo de texto(*.txt)\n"
+        "question | Visualizar | Os dados foram salvos com sucesso para arquivo, deseja abrir o arquivo agora?"_s);
+    QVERIFY(content(path).contains(u"Água       R$ 9,00   \nLuz        R$ 10,00  \n"_s));
+    QCOMPARE(opened.urls, QList<QUrl>{QUrl::fromLocalFile(path)});
+
+    boxes.chooseFile(QString(u""_s));
+    screen->findChild<QPushButton *>(u"cmdhtml"_s)->click();
+    QCOMPARE(boxes.seen().join(u'\n'), u"file | Salvar relatório em html | Arquivos HTML(*.html)"_s);
+    QCOMPARE(boxes.unanswered(), QStringList());
+}
+
+void tst_reports::failuresAreTold()
+{
+    Boxes boxes;
+    const QString path = m_program->file(u"r.html"_s);
+    Report report = sample();
+    report.tables = {table(numbered(20000))};
+    boxes.chooseFile(path);
+    {
+        const FullDisk disk;
+        exportar::saveHtml(nullptr, report, {u""_s, u""_s, u"Salvar"_s, u"Arquivos HTML(*.html)"_s});
+    }
+    const QStringList seen = boxes.seen();
+    QCOMPARE(seen.size(), 2);
+    QVERIFY2(seen[1].startsWith(
+                 u"critical | Erro | Ocorreu o seguinte erro: Não foi possível gravar o arquivo \"%1\""_s.arg(
+                     path)),
+             qPrintable(seen[1]));
+    QVERIFY(!QFile::exists(path));
+}
+
+void tst_reports::printingScreen()
+{
+    Boxes boxes;
     const QString path = m_program->file(u"r.pdf"_s);
-    savePdf(path, modimpressao::document(report), paper(), nullptr);
-    qDebug().noquote() << pdfText(path);
+    QString shown;
+    boxes.drive([&](QDialog &screen) {
+        QTRY_VERIFY(screen.findChild<QPrintPreviewWidget *>()->pageCount() == 3);
+        shown = screen.findChild<QLabel *>(u"lblpagina"_s)->text();
+        boxes.chooseFile(path);
+        boxes.answer(QMessageBox::No);
+        screen.findChild<QPushButton *>(u"cmdpdf"_s)->click();
+    });
+    Report report = sample();
+    report.tables = {longTable()};
+    exportar::print(nullptr, report);
+    QCOMPARE(shown, u"Página 1 de 3"_s);
+    QVERIFY(pdfText(path).contains(u"R$ 120,00"_s));
+    boxes.seen();
+
+    report.tables = {table({{u"Data"_s}})};
+    exportar::print(nullptr, report);
+    QCOMPARE(boxes.seen().join(u'\n'),
+             u"critical | Impressão | Erro não previsto:\nNão há registros a imprimir"_s);
 }
 
 QTEST_MAIN(tst_reports)
