@@ -4,7 +4,6 @@
 #include "app/listcommand.h"
 #include "app/listexport.h"
 #include "bank/frmbanco.h"
-#include "data/changes.h"
 #include "settings/database.h"
 #include "settings/settings.h"
 #include "widgets/frmcarregando.h"
@@ -103,6 +102,5 @@ void AccountPane::removeSelected()
         return;
     if (!messages::guarded(this, messages::generalPrefix, [&] { accounts::remove(openDatabase(), name); }))
         return;
-    refresh();
-    Changes::announce(Subject::Accounts);
+    Q_EMIT changed();
 }

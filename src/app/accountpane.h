@@ -28,6 +28,10 @@ public:
 
     QAction *addCommand, *editCommand, *removeCommand;
 
+Q_SIGNALS:
+    /// An account was removed.
+    void changed();
+
 private:
     void makeCommands();
     void editSelected();

@@ -5,7 +5,6 @@
 #include <optional>
 
 class EntryPane;
-class ListView;
 struct EntryRemoval;
 
 /// What the user can do with the entries of one pane: add, edit, delete, settle.
@@ -14,7 +13,7 @@ class EntryCommands : public QObject
     Q_OBJECT
 
 public:
-    /// `stockList` is the list whose selected line names the product and quantity that a deletion corrects:
+    /// `stockPane` has the list whose selected line names the product and quantity that a deletion corrects:
     /// for both sides it is the receivables list.
     EntryCommands(EntryPane &pane, EntryPane &stockPane, QObject *parent);
 

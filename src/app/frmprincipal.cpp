@@ -51,6 +51,12 @@ void frmPrincipal::makeTabs()
     m_ui->tabprincipal->addTab(m_movements, QIcon::fromTheme(u"view-financial-transfer-reconcile"_s),
                                u"Movimento bancário"_s);
     m_ui->tabprincipal->addTab(m_accounts, QIcon::fromTheme(u"view-bank"_s), u"Caixas e bancos"_s);
+    const std::pair<QMenu *, QWidget *> menus[] = {{m_ui->mnueditarpagar, m_payables},
+                                                   {m_ui->mnueditarreceber, m_receivables},
+                                                   {m_ui->mnueditarbancario, m_movements},
+                                                   {m_ui->mnueditarbancos, m_accounts}};
+    for (const auto &[menu, pane] : menus)
+        menu->addActions(pane->findChild<ListView *>()->actions());
     connect(m_ui->tabprincipal, &QTabWidget::currentChanged, this, [this](int tab) {
         if (tab == AccountsTab)
             m_accounts->refresh();
@@ -59,6 +65,11 @@ void frmPrincipal::makeTabs()
         auto *commands = new EntryCommands(*pane, *m_receivables, this);
         connect(commands, &EntryCommands::changed, this, [this, pane] { entriesChangedHere(*pane); });
     }
+    connect(m_accounts, &AccountPane::changed, this, [this] {
+        m_accounts->refresh();
+        const QScopedValueRollback own(m_ownChange, true);
+        Changes::announce(Subject::Accounts);
+    });
     connect(m_movements, &MovementPane::changed, this, [this] {
         m_movements->reload();
         m_accounts->refresh();

@@ -6,14 +6,15 @@
 
 namespace {
 
-/// Invalid, which means the palette's colour, for the setting's default.
 QColor chosenColour(const settings::Key &key)
 {
-    const QString text = settings::value(key);
-    if (text == key.defaultValue)
-        return {};
-    const auto rgb = palette::rgb(text);
-    return rgb ? QColor::fromRgb(*rgb) : QColor();
+    const auto number = palette::rgb(settings::value(key));
+    return number ? QColor::fromRgb(*number) : QColor();
+}
+
+bool isDefault(const settings::Key &key)
+{
+    return settings::value(key) == key.defaultValue;
 }
 
 } // namespace
@@ -24,6 +25,10 @@ void applyListStyle(ListView &list)
     const int size = settings::value(settings::fontSize).toInt();
     font.setPointSize(size >= 6 && size <= 72 ? size : 10);
     list.setFont(font);
-    list.table().setColours(chosenColour(settings::textColour), chosenColour(settings::firstBackground),
-                            chosenColour(settings::secondBackground));
+    if (isDefault(settings::textColour) && isDefault(settings::firstBackground) &&
+        isDefault(settings::secondBackground))
+        list.table().setColours({}, {}, {});
+    else
+        list.table().setColours(chosenColour(settings::textColour), chosenColour(settings::firstBackground),
+                                chosenColour(settings::secondBackground));
 }

@@ -36,5 +36,5 @@ int main(int argc, char *argv[])
     frmPrincipal window;
     window.show();
     window.start();
-    return QApplication::exec();
+    return window.isVisible() ? QApplication::exec() : 0; // it may have been closed while it was loading
 }

@@ -61,6 +61,7 @@ void frmbanco::save()
         m_ui->cmdinserir->setEnabled(false);
         messages::exclamation(this, u"Erro"_s, *problem);
         m_ui->cmdinserir->setEnabled(true);
+        m_ui->cmdinserir->setFocus(); // a disabled button had to give it away
         return;
     }
     const bool saved = messages::guarded(this, messages::savePrefix, [&] {

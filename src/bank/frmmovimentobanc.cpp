@@ -104,7 +104,7 @@ void frmmovimentobanc::showForm(const MovementForm &form)
 MovementForm frmmovimentobanc::form() const
 {
     return {
-        .date = m_ui->txtdata->text(),
+        .date = m_ui->txtdata->dateText(),
         .value = m_ui->txtvalor->text(),
         .kind = m_ui->cbomovimento->currentText(),
         .origin = m_ui->cboorigem->currentText(),

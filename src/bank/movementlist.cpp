@@ -28,7 +28,7 @@ const std::vector<SortChoice> &sorts()
 QString sortColumn(const QString &choice)
 {
     for (const SortChoice &sort : sorts())
-        if (sort.text.compare(choice, Qt::CaseInsensitive) == 0)
+        if (sort.text.compare(choice, Qt::CaseInsensitive) == 0 || sort.column == choice.toLower())
             return sort.column;
     return u"data"_s;
 }

@@ -40,7 +40,6 @@ public:
     qint64 count();
 
     int columnCount() const { return int(m_columns.size()); }
-    QStringList columnNames() const { return m_columns; }
     int column(QStringView name) const;
     QString text(QStringView name) const { return text(column(name)); }
     /// The value as the program's text. Empty before the first and after the last row.

@@ -82,9 +82,3 @@ void RowStore::clear()
 {
     *this = RowStore(m_columns);
 }
-
-qint64 RowStore::totalBytes() const
-{
-    return qint64(m_allocated) + qint64(m_rows.capacity() * sizeof(const char *)) +
-           qint64(m_blocks.capacity() * sizeof(std::unique_ptr<char[]>));
-}

@@ -35,9 +35,8 @@ public:
     QString text(int row, int column) const;
     void removeRow(int row);
     void clear();
-    /// Bytes held for cell texts, and in all.
+    /// Bytes held for cell texts.
     qint64 textBytes() const { return m_textBytes; }
-    qint64 totalBytes() const;
 
 private:
     char *allocate(std::size_t bytes);

@@ -7,7 +7,6 @@
 #include "stock/stock.h"
 
 using namespace Qt::StringLiterals;
-using namespace formtext;
 
 namespace {
 
@@ -42,11 +41,6 @@ void writeColumns(Recordset &row, const Side &side, const EntryForm &form)
 } // namespace
 
 namespace entry {
-
-QStringList statusWords()
-{
-    return status::words();
-}
 
 QStringList currencies()
 {

@@ -32,7 +32,6 @@ struct EntryRemoval
 
 namespace entry {
 
-QStringList statusWords();
 QStringList currencies();
 
 /// The names of the required fields that are empty, in the order in which they are reported.

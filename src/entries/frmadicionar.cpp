@@ -20,6 +20,7 @@ frmAdicionar::frmAdicionar(const Side &side, const QString &code, QWidget *paren
     setUp({m_ui->cboestatus, m_ui->cboorigem, m_ui->cbotipo, m_ui->txtdescricao, m_ui->cbomoeda,
            m_ui->cboproduto, m_ui->txtdata, m_ui->cmdcancelar});
 
+    formkeys::acceptQuantity(m_ui->txtqtde);
     setWindowTitle(side.caption);
     m_ui->lbldescricao->setText(side.descriptionLabel);
     m_ui->lblnome->setText(side.contactLabel);
@@ -112,8 +113,8 @@ EntryForm frmAdicionar::form() const
         .status = m_ui->cboestatus->currentText(),
         .account = m_ui->cboorigem->currentText(),
         .contact = m_ui->cbotipo->currentText(),
-        .date = m_ui->txtdata->text(),
-        .due = m_ui->txtvencimento->text(),
+        .date = m_ui->txtdata->dateText(),
+        .due = m_ui->txtvencimento->dateText(),
         .description = m_ui->txtdescricao->currentText(),
         .document = m_ui->txtdocumento->text(),
         .notes = m_ui->txtinfo->text(),

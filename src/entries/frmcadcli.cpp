@@ -119,7 +119,7 @@ ContactForm frmCadCli::form() const
     return {
         .name = m_ui->txtnome->text(),
         .taxNumber = m_ui->txtcpf->text(),
-        .birth = m_ui->cbonascimento->text(),
+        .birth = m_ui->cbonascimento->dateText(),
         .country = m_ui->txtpais->currentText(),
         .state = m_ui->txtestado->currentText(),
         .city = m_ui->txtcidade->currentText(),

@@ -1,6 +1,7 @@
 #include "entries/frmentryscreen.h"
 
 #include "data/clock.h"
+#include "data/status.h"
 #include "entries/entry.h"
 #include "settings/database.h"
 #include "widgets/background.h"
@@ -11,6 +12,7 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QCompleter>
 #include <QEvent>
 
 using namespace Qt::StringLiterals;
@@ -26,7 +28,9 @@ void EntryScreen::setUp(const Controls &controls)
     background::apply(this);
     formkeys::enterMovesOn(this);
     topmost::set(this, u"ativo");
-    controls.status->addItems(entry::statusWords());
+    // offers names, but adds nothing to what is typed
+    controls.description->completer()->setCompletionMode(QCompleter::PopupCompletion);
+    controls.status->addItems(status::words());
     controls.currency->addItems(entry::currencies());
     controls.date->setDate(programclock::today());
     stepBackFor(controls.date);

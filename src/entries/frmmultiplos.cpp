@@ -48,7 +48,7 @@ InstallmentsForm frmMultiplos::form() const
         .status = m_ui->cboestatus->currentText(),
         .account = m_ui->cboorigem->currentText(),
         .contact = m_ui->cbotipo->currentText(),
-        .date = m_ui->txtdata->text(),
+        .date = m_ui->txtdata->dateText(),
         .description = m_ui->txtdescricao->currentText(),
         .document = m_ui->txtdocumento->text(),
         .notes = m_ui->txtinfo->text(),

@@ -48,7 +48,7 @@ frmimpressao::frmimpressao(PageDocument document, QWidget *parent)
         QMarginsF(marginMillimetres, marginMillimetres, marginMillimetres, marginMillimetres),
         QPageLayout::Millimeter);
     m_printer->setPageOrientation(PagePrinter::fittingOrientation(m_document, *m_printer));
-    m_pages = PagePrinter(m_document, *m_printer).pageCount();
+    layOut();
     m_ui->chkpaisagem->setChecked(m_printer->pageLayout().orientation() == QPageLayout::Landscape);
     m_ui->lblaviso->setVisible(!hasPrinter());
     connectControls();
@@ -75,10 +75,16 @@ void frmimpressao::connectControls()
     connect(m_ui->cmdsair, &QPushButton::clicked, this, &QDialog::close);
 }
 
-void frmimpressao::paintPreview(QPrinter *printer)
+void frmimpressao::layOut()
+{
+    m_layout = std::make_unique<PagePrinter>(m_document, *m_printer);
+    m_pages = m_layout->pageCount();
+}
+
+void frmimpressao::paintPreview()
 {
     try {
-        PagePrinter(m_document, *printer).paint({.last = previewPages}, nullptr);
+        m_layout->paint({.last = previewPages}, nullptr);
     } catch (const Error &error) {
         m_ui->lblpagina->setText(error.text());
     }
@@ -88,7 +94,7 @@ void frmimpressao::setLandscape(bool on)
 {
     m_printer->setPageOrientation(on ? QPageLayout::Landscape : QPageLayout::Portrait);
     try {
-        m_pages = PagePrinter(m_document, *m_printer).pageCount();
+        layOut();
     } catch (const Error &error) { // a slip of paper may be too low lying on its side
         exportar::showPageError(this, error);
         m_ui->chkpaisagem->setChecked(!on);

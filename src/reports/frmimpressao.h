@@ -6,6 +6,7 @@
 
 #include <memory>
 
+class PagePrinter;
 class QPrinter;
 class QPrintPreviewWidget;
 
@@ -26,7 +27,9 @@ public:
 
 private:
     void connectControls();
-    void paintPreview(QPrinter *printer);
+    /// Lays the document out for the paper as it is now.
+    void layOut();
+    void paintPreview();
     void setLandscape(bool on);
     void updateControls();
     void print();
@@ -37,6 +40,7 @@ private:
     std::unique_ptr<Ui::frmimpressao> m_ui;
     PageDocument m_document;
     std::unique_ptr<QPrinter> m_printer; ///< of the preview; holds the paper
+    std::unique_ptr<PagePrinter> m_layout;
     QPrintPreviewWidget *m_preview;
     int m_pages = 0;
 };

@@ -63,7 +63,7 @@ void setValue(const Key &key, const QString &value);
 QString read(const QString &appName, const QString &section, const QString &key, const QString &defaultValue);
 void write(const QString &appName, const QString &section, const QString &key, const QString &value);
 
-/// Where the settings files live; reads them again when it changes. For tests and --pasta-free installations.
+/// Where the settings files live; reads them again when it changes. For tests and tools.
 void setFolder(const QString &folder);
 
 inline bool isOn(const Key &key)

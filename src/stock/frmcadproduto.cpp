@@ -16,6 +16,7 @@ frmcadproduto::frmcadproduto(QWidget *parent) : QDialog(parent), m_ui(std::make_
     setAttribute(Qt::WA_DeleteOnClose);
     background::apply(this);
     formkeys::enterMovesOn(this);
+    formkeys::acceptQuantity(m_ui->txtqtde);
     formkeys::modalOverDialog(this);
     connect(m_ui->cmdadicionar, &QPushButton::clicked, this, &frmcadproduto::save);
     connect(m_ui->cmdcancelar, &QPushButton::clicked, this, &QDialog::close);

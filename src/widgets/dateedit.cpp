@@ -116,6 +116,11 @@ QDate DateEdit::date() const
     return understood(text());
 }
 
+QString DateEdit::dateText() const
+{
+    return date().isValid() ? dates::shown(date()) : text();
+}
+
 void DateEdit::setDate(QDate date)
 {
     setText(dates::shown(date));

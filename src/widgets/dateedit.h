@@ -15,6 +15,8 @@ public:
 
     /// What the text says, completed if need be; no date when the field is empty or its text is none.
     QDate date() const;
+    /// The date as "dd/mm/yyyy", completed if need be; text that is no date as it stands.
+    QString dateText() const;
     void setDate(QDate date);
     void openCalendar();
 

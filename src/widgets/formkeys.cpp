@@ -9,8 +9,12 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QTextEdit>
+#include <QToolButton>
+#include <QValidator>
 #include <QWindow>
 
 namespace {
@@ -47,10 +51,28 @@ public:
         // A key held down does not run through the whole screen. The Tab goes to the window, because a text
         // of several lines would take it as a character.
         if (!key->isAutoRepeat()) {
-            QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
-            QCoreApplication::sendEvent(static_cast<QWidget *>(field)->window(), &tab);
+            QWidget *window = static_cast<QWidget *>(field)->window();
+            do {
+                QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+                QCoreApplication::sendEvent(window, &tab);
+            } while (qobject_cast<QToolButton *>(window->focusWidget())); // small buttons beside a field
         }
         return true;
+    }
+};
+
+/// Whole and fractional numbers with a decimal comma; a typed point becomes the comma, for in a quantity it
+/// can only mean that.
+class QuantityValidator : public QValidator
+{
+public:
+    using QValidator::QValidator;
+
+    State validate(QString &input, int &) const override
+    {
+        static const QRegularExpression number(QStringLiteral("^-?\\d{0,12}(,\\d{0,4})?$"));
+        input.replace(u'.', u',');
+        return number.match(input).hasMatch() ? Acceptable : Invalid;
     }
 };
 
@@ -74,7 +96,14 @@ void formkeys::enterMovesOn(QWidget *screen)
     for (QWidget *widget : widgets) {
         if (isField(widget))
             widget->installEventFilter(filter);
+        else if (auto *button = qobject_cast<QPushButton *>(widget))
+            button->setAutoDefault(true); // Return presses the button that has the focus
     }
+}
+
+void formkeys::acceptQuantity(QLineEdit *field)
+{
+    field->setValidator(new QuantityValidator(field));
 }
 
 void topmost::set(QWidget *screen, const char16_t *state)

@@ -3,14 +3,18 @@
 #include <QPointer>
 #include <QWidget>
 
+class QLineEdit;
+
 /// Keyboard and window habits that the data screens share.
 namespace formkeys {
 
-/// Return in a text or list field of `screen` moves to the next field, as Tab does; buttons and lists of rows
-/// keep their Return. In a text of several lines Shift+Return breaks the line. Serves the fields that exist
-/// at the call.
+/// Return in a text or list field of `screen` moves to the next field, as Tab does but past the small buttons
+/// beside fields; on a push button it presses, and lists of rows keep it. In a text of several lines
+/// Shift+Return breaks the line. Serves the fields that exist at the call.
 void enterMovesOn(QWidget *screen);
 
+/// Lets the field take a quantity only: digits and one decimal comma.
+void acceptQuantity(QLineEdit *field);
 /// A screen opened over another dialog is modal to it, so that the dialog cannot be closed, and take the
 /// screen and what was typed in it along. Over the main window a screen stays modeless.
 void modalOverDialog(QWidget *screen);

@@ -40,8 +40,8 @@ public:
         const bool cutOff =
             index.isValid() && sizeHint(option, index).width() > view->visualRect(index).width();
         // Without a text an open hint is closed.
-        QToolTip::showText(event->globalPos(), cutOff ? index.data().toString().toHtmlEscaped() : QString(),
-                           view);
+        const QString whole = u"<span>"_s + index.data().toString().toHtmlEscaped() + u"</span>"_s;
+        QToolTip::showText(event->globalPos(), cutOff ? whole : QString(), view);
         return true;
     }
 };

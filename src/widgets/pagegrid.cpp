@@ -1,10 +1,10 @@
 #include "widgets/pagegrid.h"
 
 #include <QPagedPaintDevice>
-#include <QTextLayout>
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <numeric>
 
 using namespace Qt::StringLiterals;
@@ -17,6 +17,7 @@ constexpr double sensibleTextInEms = 12; ///< letters become smaller before a te
 constexpr double narrowestTextInEms = 3;
 constexpr double scaleSlack = 1.02; ///< the widths of smaller letters are not exactly in proportion
 constexpr double smallestScale = 0.7;
+constexpr std::size_t latinCharacters = 0x250;
 constexpr int measuredRows = 500;
 
 /// What a column's values take: the longest one of all, and the widest of an even choice of rows.
@@ -54,36 +55,57 @@ bool isAmount(CellKind kind)
 } // namespace
 
 PageFont::PageFont(const QString &family, double points, bool bold, QPagedPaintDevice &device)
-    : font(family), metrics(font), m_device(&device)
+    : font(family), metrics(font), m_advances(latinCharacters, -1)
 {
     font.setPointSizeF(points);
     font.setBold(bold);
     metrics = QFontMetricsF(font, &device);
 }
 
+double PageFont::estimate(QChar c) const
+{
+    if (c.isLowSurrogate() || c.isMark())
+        return 0;
+    if (c.unicode() >= m_advances.size())
+        return metrics.height();
+    double &advance = m_advances[c.unicode()];
+    if (advance < 0)
+        advance = metrics.horizontalAdvance(c);
+    return advance;
+}
+
+double PageFont::estimate(QStringView text) const
+{
+    return std::transform_reduce(text.begin(), text.end(), 0.0, std::plus<>(),
+                                 [this](QChar c) { return estimate(c); });
+}
+
 QString PageFont::fitted(const QString &text, double width) const
 {
-    // Measuring costs far more than counting, and few texts need it.
-    if (double(text.size()) * metrics.height() <= width || metrics.horizontalAdvance(text) <= width)
+    if (estimate(text) <= width || metrics.horizontalAdvance(text) <= width)
         return text;
     return metrics.elidedText(text, Qt::ElideRight, width);
 }
 
 QStringList PageFont::wrapped(const QString &text, double width) const
 {
-    if (double(text.size()) * metrics.height() <= width || metrics.horizontalAdvance(text) <= width)
-        return {text};
-    QTextLayout layout(text, font, m_device);
-    QTextOption option;
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    layout.setTextOption(option);
-    layout.beginLayout();
     QStringList lines;
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(width);
-        lines << text.sliced(line.textStart(), line.textLength());
+    qsizetype start = 0, blank = -1; // of the line; the last blank in it
+    double used = 0;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const double advance = estimate(text[i]);
+        if (text[i] == u' ') {
+            blank = i;
+        } else if (advance > 0 && used + advance > width && i > start) {
+            const qsizetype end = blank > start ? blank : i; // a word wider than the page is broken
+            lines << text.sliced(start, end - start);
+            start = end == blank ? blank + 1 : i;
+            used = estimate(QStringView(text).sliced(start, i - start));
+            blank = -1;
+        }
+        used += advance;
     }
-    layout.endLayout();
+    lines << text.sliced(start);
     return lines;
 }
 

@@ -175,6 +175,7 @@ private Q_SLOTS:
     void aFailedWriteKeepsTheOlderFile();
     void pages();
     void otherPages();
+    void longLinesAreWrapped();
     void wideListsKeepTheirAmounts();
     void screenSavesWhatItShows();
     void failuresAreTold();
@@ -325,7 +326,7 @@ void tst_reports::pages()
     const QStringList pages = pdfPages(modimpressao::document(report));
     QCOMPARE(pages.size(), 3);
     const QString header =
-        u"Gerado domingo, 22 de novembro de 2026 às 14:05:09\nTavaro\nOrganizando a sua vida financeira\n"_s;
+        u"Gerado domingo, 22 de novembro de 2026 às 14:05:09\nTavaro\n© Tavaro - controle financeiro e de estoque\n"_s;
     QCOMPARE(pages[0].left(pages[0].indexOf(u"22/11/2026 Item 2 "_s)),
              header +
                  u"CONTAS A PAGAR\nAbril & maio\nRelatório <geral>\nRULE\nData Descrição Documento Valor\n"
@@ -357,7 +358,7 @@ void tst_reports::otherPages()
     QString moved = pdfPages(modimpressao::document(report, modimpressao::movementPages())).join(u'\n');
     QVERIFY2(
         moved.contains(u"22/11/2026 Luz - Ana\nVencimento: 10/12/2026\nValor: R$ 10,00\nConta origem: Caixa\n"
-                       "Estatus: Pago\nInformações: à vista\nEstatísticas\nRULE132\n"_s),
+                       "Estatus: Pago\nInformações: à vista\nRULE132\nEstatísticas\n"_s),
         qPrintable(moved));
     using modimpressao::ListKind;
     const auto setup = modimpressao::listPages(ListKind::ByDueDate, *report.tables[0]);
@@ -366,6 +367,20 @@ void tst_reports::otherPages()
                  u"RULE\nVENC. DESCRIÇÃO DOC. FORNECEDOR/CLIENTE\n10/12/2026 Luz - Ana\n"
                  "Data: 22/11/2026 Valor: R$ 10,00 Estatus: Pago Conta: Caixa Informações: à vista\n"_s),
              qPrintable(moved));
+}
+
+void tst_reports::longLinesAreWrapped()
+{
+    QStringList words;
+    for (int i = 1; i <= 60; ++i)
+        words << u"palavra%1"_s.arg(i);
+    const QString unbroken(200, u'w');
+    Report report = sample();
+    report.statistics = words.join(u' ') + u' ' + unbroken + u"\nfim"_s;
+    const QString text = pdfPages(modimpressao::document(report)).join(u' ').replace(u'\n', u' ');
+    QVERIFY2(text.contains(words.join(u' ')), qPrintable(text));
+    QCOMPARE(text.count(u'w'), unbroken.size());
+    QVERIFY(text.contains(u"w fim "_s));
 }
 
 void tst_reports::wideListsKeepTheirAmounts()
