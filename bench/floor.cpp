@@ -1,7 +1,6 @@
 #include "floor.h"
 
 #include "bank/movement.h"
-#include "bank/movementlist.h"
 #include "data/schema.h"
 
 #include <QFile>

@@ -13,6 +13,7 @@
 #include "reports/modimpressao.h"
 #include "reports/reporttext.h"
 #include "settings/database.h"
+#include "stock/stock.h"
 #include "table.h"
 #include "widgets/pageprinter.h"
 
@@ -25,7 +26,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString product = u"Caderno universitário 10 matérias"_s;
+const QString product = u"Caderno universitário 200 folhas"_s;
 
 EntryForm entryForm()
 {
@@ -129,6 +130,8 @@ void measureSaving(Table &table)
     const QString folder = benchdata::copyOf(source, u"saving"_s);
     Floor floor(benchdata::databaseIn(benchdata::copyOf(source, u"saving-floor"_s)));
     benchdata::use(folder);
+    if (!stock::onHand(openDatabase(), product))
+        qFatal("No stock to move: there is no product \"%s\"", qPrintable(product));
     const auto bare = [&floor](const char *insert, int times) {
         floor.execute("BEGIN IMMEDIATE");
         floor.execute(insert, times);
