@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/entrypane.h"
+#include "entries/entrypane.h"
 #include "widgets/listview.h"
 
 #include <QCoreApplication>

@@ -2,12 +2,12 @@
 
 #include "data.h"
 #include "data/dialect.h"
-#include "data/storedtable.h"
 #include "entries/entry.h"
 #include "entries/entryfilter.h"
 #include "entries/entrylist.h"
 #include "entries/installments.h"
 #include "floor.h"
+#include "lists/storedtable.h"
 #include "measures.h"
 #include "process.h"
 #include "reports/modimpressao.h"

@@ -1,6 +1,6 @@
 #include "demoshop.h"
 
-#include "data/money.h"
+#include "data/decimal.h"
 
 #include <iterator>
 

@@ -4,7 +4,7 @@
 #include "entries/frmcliente.h"
 #include "entries/frmvisualizar.h"
 #include "entries/periodview.h"
-#include "stock/frmestoque.h"
+#include "sales/frmestoque.h"
 
 #include <QAction>
 #include <QMainWindow>

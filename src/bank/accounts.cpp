@@ -98,9 +98,9 @@ std::vector<AccountBalance> balances(Connection &connection, bool recompute, Pro
 std::vector<Column> columns()
 {
     return {{u"banco"_s, u"Banco/Caixa"_s, CellKind::Text, 220},
-            {u"atual"_s, u"Saldo(atual)"_s, CellKind::Money, 130},
+            {u"atual"_s, u"Saldo(atual)"_s, CellKind::Amount, 130},
             {u"informacoes"_s, u"Informações"_s, CellKind::Text, 260},
-            {u"inicial"_s, u"Saldo(Inicial)"_s, CellKind::Money, 130}};
+            {u"inicial"_s, u"Saldo(Inicial)"_s, CellKind::Amount, 130}};
 }
 
 RowStore rows(const std::vector<AccountBalance> &balances)

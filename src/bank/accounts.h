@@ -1,8 +1,8 @@
 #pragma once
 
-#include "data/money.h"
+#include "data/decimal.h"
 #include "data/progress.h"
-#include "data/rowstore.h"
+#include "lists/rowstore.h"
 
 #include <QString>
 

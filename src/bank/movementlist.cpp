@@ -2,9 +2,9 @@
 
 #include "bank/movement.h"
 #include "data/dates.h"
-#include "data/period.h"
 #include "data/recordset.h"
 #include "data/status.h"
+#include "lists/period.h"
 
 using namespace Qt::StringLiterals;
 
@@ -123,7 +123,7 @@ std::vector<Column> columns()
         {u"tipo"_s, u"Tipo de movimento"_s},
         {u"origem"_s, u"Conta origem"_s},
         {u"destino"_s, u"Conta destino"_s},
-        {u"valor"_s, u"Valor"_s, CellKind::Money},
+        {u"valor"_s, u"Valor"_s, CellKind::Amount},
         {u"estatus"_s, u"Estatus"_s},
         {u"info"_s, u"Informações"_s},
     };

@@ -1,8 +1,8 @@
 #include "data/connection.h"
 
+#include "data/decimal.h"
 #include "data/dialect.h"
 #include "data/like.h"
-#include "data/money.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,8 +1,8 @@
 #include "data/recordset.h"
 
+#include "data/decimal.h"
 #include "data/dialect.h"
 #include "data/like.h"
-#include "data/money.h"
 
 #include <algorithm>
 

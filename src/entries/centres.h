@@ -1,8 +1,8 @@
 #pragma once
 
-#include "data/money.h"
-#include "data/rowstore.h"
+#include "data/decimal.h"
 #include "entries/centreside.h"
+#include "lists/rowstore.h"
 #include "reports/report.h"
 
 #include <QStringList>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "data/progress.h"
-#include "data/rowstore.h"
 #include "entries/contactside.h"
+#include "lists/rowstore.h"
 
 #include <QStringList>
 

@@ -84,13 +84,13 @@ bool exceedsStock(Connection &connection, const Side &side, const EntryForm &for
 {
     if (!side.warnsOfLowStock || form.product == stock::noProduct)
         return false;
-    const std::optional<Money> onHand = stock::onHand(connection, form.product);
+    const std::optional<Quantity> onHand = stock::onHand(connection, form.product);
     return onHand && formtext::amountOrZero(u"Quantidade"_s, form.quantity) > *onHand;
 }
 
 void save(Connection &connection, const Side &side, const EntryForm &form, const QString &code)
 {
-    const Money quantity = formtext::amountOrZero(u"Quantidade"_s, form.quantity);
+    const Quantity quantity = formtext::amountOrZero(u"Quantidade"_s, form.quantity);
     Transaction transaction(connection);
     Recordset row(connection, code.isEmpty() ? side.table : byCode(side, code));
     if (code.isEmpty())

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/money.h"
+#include "data/decimal.h"
 #include "entries/side.h"
 
 #include <QDate>
@@ -27,7 +27,7 @@ struct EntryRemoval
 {
     QString code;
     QString product;
-    Money quantity;
+    Quantity quantity;
 };
 
 namespace entry {

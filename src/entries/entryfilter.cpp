@@ -1,8 +1,8 @@
 #include "entries/entryfilter.h"
 
 #include "data/dates.h"
-#include "data/period.h"
 #include "data/status.h"
+#include "lists/period.h"
 #include "stock/stock.h"
 
 using namespace Qt::StringLiterals;

@@ -25,10 +25,10 @@ std::vector<ColumnText> columnTexts(const Side &side)
         {u"documento"_s, u"Documento"_s, CellKind::Text},
         {side.contactColumnKey, side.contactTitle, CellKind::Text},
         {u"vencimento"_s, u"Vencimento"_s, CellKind::Date},
-        {u"valor"_s, u"Valor"_s, CellKind::Money},
+        {u"valor"_s, u"Valor"_s, CellKind::Amount},
     };
     if (side.hasUnitCost)
-        texts.push_back({u"custo"_s, u"Custo"_s, CellKind::Money});
+        texts.push_back({u"custo"_s, u"Custo"_s, CellKind::Amount});
     for (const ColumnText &rest : {ColumnText{u"produto"_s, u"Produto"_s, CellKind::Text},
                                    {u"qtde"_s, u"Qtde"_s, CellKind::Number},
                                    {u"estatus"_s, u"Estatus"_s, CellKind::Text},
@@ -72,7 +72,7 @@ public:
         ++totals.count;
         totals.total += value;
         (rows.utf8(m_status) == pendingWord ? totals.pending : totals.settled) += value;
-        totals.quantity += Money::stored(rows.utf8(m_quantity));
+        totals.quantity += Quantity::stored(rows.utf8(m_quantity));
     }
 
 private:
@@ -89,7 +89,7 @@ private:
                           Money value) const
     {
         const std::string_view stored = rows.utf8(source.column);
-        if (source.kind != CellKind::Date && source.kind != CellKind::Money)
+        if (source.kind != CellKind::Date && source.kind != CellKind::Amount)
             return stored;
         rendered.clear();
         if (source.kind == CellKind::Date) {

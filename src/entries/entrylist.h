@@ -1,9 +1,9 @@
 #pragma once
 
-#include "data/money.h"
+#include "data/decimal.h"
 #include "data/progress.h"
-#include "data/rowstore.h"
 #include "entries/side.h"
+#include "lists/rowstore.h"
 
 #include <QStringList>
 
@@ -13,7 +13,8 @@ class Connection;
 struct EntryTotals
 {
     qint64 count = 0;
-    Money total, settled, pending, quantity;
+    Money total, settled, pending;
+    Quantity quantity;
 
     /// The totals line; without "R$ " when there are no rows.
     QString text(const Side &side) const;

@@ -132,7 +132,7 @@ void frmAdicionar::showUnitCost(bool timesQuantity)
         const auto cost = stock::unitCost(openDatabase(), m_ui->cboproduto->currentText());
         if (!cost)
             return;
-        const Money quantity = Money::stored(QStringView(m_ui->txtqtde->text()));
+        const Quantity quantity = Quantity::stored(QStringView(m_ui->txtqtde->text()));
         m_ui->txtcusto->setText((timesQuantity ? cost->times(quantity) : *cost).grouped());
     });
 }

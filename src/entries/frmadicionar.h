@@ -1,7 +1,7 @@
 #pragma once
 
 #include "entries/entry.h"
-#include "entries/frmentryscreen.h"
+#include "entries/entryscreen.h"
 
 #include <memory>
 

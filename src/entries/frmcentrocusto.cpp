@@ -1,7 +1,7 @@
 #include "entries/frmcentrocusto.h"
 #include "ui_frmcentrocusto.h"
 
-#include "reports/frmexportar.h"
+#include "reports/exportcommands.h"
 #include "settings/database.h"
 #include "widgets/background.h"
 #include "widgets/formkeys.h"

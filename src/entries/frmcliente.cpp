@@ -2,7 +2,7 @@
 #include "ui_frmcliente.h"
 
 #include "entries/frmcadcli.h"
-#include "reports/frmexportar.h"
+#include "reports/exportcommands.h"
 #include "settings/database.h"
 #include "stock/frmconfetiqueta.h"
 #include "widgets/background.h"

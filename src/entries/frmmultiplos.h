@@ -1,6 +1,6 @@
 #pragma once
 
-#include "entries/frmentryscreen.h"
+#include "entries/entryscreen.h"
 #include "entries/installments.h"
 
 #include <memory>

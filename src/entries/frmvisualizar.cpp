@@ -2,7 +2,7 @@
 #include "ui_frmvisualizar.h"
 
 #include "data/clock.h"
-#include "reports/frmexportar.h"
+#include "reports/exportcommands.h"
 #include "settings/database.h"
 #include "settings/listlayout.h"
 #include "settings/settings.h"

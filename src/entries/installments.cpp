@@ -1,8 +1,8 @@
 #include "entries/installments.h"
 
 #include "data/dates.h"
+#include "data/decimal.h"
 #include "data/formtext.h"
-#include "data/money.h"
 #include "data/recordset.h"
 #include "entries/entry.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "data/changes.h"
-#include "data/money.h"
+#include "data/decimal.h"
 #include "data/progress.h"
-#include "data/rowstore.h"
+#include "lists/rowstore.h"
 #include "reports/modimpressao.h"
 
 #include <QDate>

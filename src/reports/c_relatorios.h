@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/progress.h"
-#include "data/tablesource.h"
+#include "lists/tablesource.h"
 
 #include <QIODevice>
 #include <QString>

@@ -2,7 +2,7 @@
 #include "ui_frmimpressao.h"
 
 #include "data/error.h"
-#include "reports/frmexportar.h"
+#include "reports/exportcommands.h"
 #include "widgets/files.h"
 #include "widgets/frmcarregando.h"
 #include "widgets/messages.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/pagedocument.h"
+#include "lists/pagedocument.h"
 
 #include <QDialog>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/tablesource.h"
+#include "lists/tablesource.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,7 +1,7 @@
 #include "stock/frmconfetiqueta.h"
 #include "ui_frmconfetiqueta.h"
 
-#include "reports/frmexportar.h"
+#include "reports/exportcommands.h"
 #include "settings/database.h"
 #include "widgets/background.h"
 #include "widgets/boxes.h"

@@ -1,7 +1,7 @@
 #include "stock/labels.h"
 
 #include "data/dates.h"
-#include "data/money.h"
+#include "data/decimal.h"
 #include "data/recordset.h"
 
 using namespace Qt::StringLiterals;

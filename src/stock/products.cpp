@@ -21,9 +21,10 @@ void writeColumns(Recordset &row, const ProductForm &form)
     row.set(u"info", form.notes);
 }
 
-Money quantity(const Recordset &row)
+Quantity quantity(const Recordset &row)
 {
-    return Money::stored(QStringView(row.text(u"qtde"))); // a number column: its text has the decimal comma
+    return Quantity::stored(
+        QStringView(row.text(u"qtde"))); // a number column: its text has the decimal comma
 }
 
 } // namespace
@@ -40,8 +41,8 @@ std::vector<Column> columns()
 {
     return {{u"produto"_s, u"Produto"_s, CellKind::Text, 280},
             {u"qtde"_s, u"Quantidade"_s, CellKind::Number, 100},
-            {u"custo"_s, u"Valor de custo"_s, CellKind::Money, 130},
-            {u"total"_s, u"Valor em estoque"_s, CellKind::Money, 140},
+            {u"custo"_s, u"Valor de custo"_s, CellKind::Amount, 130},
+            {u"total"_s, u"Valor em estoque"_s, CellKind::Amount, 140},
             {u"info"_s, u"Informações adicionais"_s, CellKind::Text, 540}};
 }
 
@@ -49,7 +50,7 @@ ProductList list(Connection &connection)
 {
     ProductList list{RowStore(int(columns().size())), {}, {}};
     for (Recordset rows(connection, u"select * from [produto]"_s); rows.next();) {
-        const Money units = quantity(rows);
+        const Quantity units = quantity(rows);
         const Money cost = Money::stored(rows.utf8(rows.column(u"custo")));
         const Money value = cost.times(units);
         list.units += units;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/money.h"
-#include "data/rowstore.h"
+#include "data/decimal.h"
+#include "lists/rowstore.h"
 
 #include <QString>
 
@@ -23,8 +23,8 @@ struct ProductForm
 struct ProductList
 {
     RowStore rows;
-    Money units; ///< quantities of all products
-    Money value; ///< cost times quantity, summed
+    Quantity units; ///< quantities of all products
+    Money value;    ///< cost times quantity, summed
 
     QString summary() const;
 };

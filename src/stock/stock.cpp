@@ -18,14 +18,14 @@ std::optional<Money> firstValue(Connection &connection, const QString &sql)
 
 namespace stock {
 
-void move(Connection &connection, Direction direction, Money quantity, const QString &product)
+void move(Connection &connection, Direction direction, Quantity quantity, const QString &product)
 {
     connection.execute(u"UPDATE [produto] SET qtde=qtde "_s +
                        (direction == Direction::In ? u"+ "_s : u"- "_s) + quantity.sqlNumber() +
                        u" WHERE [produto] like '"_s + product + u"'"_s);
 }
 
-std::optional<Money> onHand(Connection &connection, const QString &product)
+std::optional<Quantity> onHand(Connection &connection, const QString &product)
 {
     return firstValue(connection, u"select [qtde] from produto WHERE [produto] like '"_s + product + u"'"_s);
 }

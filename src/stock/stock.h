@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/money.h"
+#include "data/decimal.h"
 
 #include <QString>
 
@@ -18,9 +18,9 @@ enum class Direction { In, Out };
 
 /// Moves `quantity` units of a product; a name that no product bears changes nothing. Throws Error when the
 /// name breaks the statement. The caller holds the transaction.
-void move(Connection &connection, Direction direction, Money quantity, const QString &product);
+void move(Connection &connection, Direction direction, Quantity quantity, const QString &product);
 /// Units on hand; nothing when there is no such product.
-std::optional<Money> onHand(Connection &connection, const QString &product);
+std::optional<Quantity> onHand(Connection &connection, const QString &product);
 /// The product's unit cost; nothing when there is no such product.
 std::optional<Money> unitCost(Connection &connection, const QString &product);
 

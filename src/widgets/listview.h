@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/tablesource.h"
+#include "lists/tablesource.h"
 #include "settings/listlayout.h"
 #include "widgets/tablemodel.h"
 

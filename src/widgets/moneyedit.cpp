@@ -1,6 +1,6 @@
 #include "widgets/moneyedit.h"
 
-#include "data/money.h"
+#include "data/decimal.h"
 
 #include <QApplication>
 #include <QFocusEvent>

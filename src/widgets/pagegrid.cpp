@@ -49,7 +49,7 @@ private:
 
 bool isAmount(CellKind kind)
 {
-    return kind == CellKind::Money || kind == CellKind::Number;
+    return kind == CellKind::Amount || kind == CellKind::Number;
 }
 
 } // namespace

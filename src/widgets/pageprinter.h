@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/pagedocument.h"
 #include "data/progress.h"
+#include "lists/pagedocument.h"
 
 #include <QPageLayout>
 

@@ -1,7 +1,7 @@
 #include "widgets/tablemodel.h"
 
 #include "data/dates.h"
-#include "data/money.h"
+#include "data/decimal.h"
 
 #include <QCollator>
 
@@ -42,7 +42,7 @@ std::vector<quint32> sortedRows(const RowStore &rows, int column, CellKind kind,
     const int count = rows.rowCount();
     switch (kind) {
     case CellKind::Number:
-    case CellKind::Money:
+    case CellKind::Amount:
         return ordered(count, order, [&](int row) { return sortValue(rows.cell(row, column)); });
     case CellKind::Date:
         return ordered(count, order, [&](int row) { return dates::read(rows.text(row, column)); });
@@ -137,7 +137,7 @@ QVariant TableModel::headerData(int section, Qt::Orientation orientation, int ro
     if (role == Qt::DisplayRole)
         return column.title;
     if (role == Qt::TextAlignmentRole) {
-        const bool isAmount = column.kind == CellKind::Number || column.kind == CellKind::Money;
+        const bool isAmount = column.kind == CellKind::Number || column.kind == CellKind::Amount;
         return QVariant::fromValue(Qt::AlignVCenter | (isAmount ? Qt::AlignRight : Qt::AlignLeft));
     }
     return {};

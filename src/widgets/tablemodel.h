@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/rowstore.h"
+#include "lists/rowstore.h"
 
 #include <QAbstractTableModel>
 #include <QColor>

@@ -1,7 +1,7 @@
 #include "data/dates.h"
+#include "data/decimal.h"
 #include "data/error.h"
-#include "data/money.h"
-#include "data/period.h"
+#include "lists/period.h"
 #include "support/answers.h"
 
 #include <QLocale>

@@ -1,7 +1,7 @@
+#include "analysis/frmrelatorio.h"
 #include "data/clock.h"
-#include "data/storedtable.h"
+#include "lists/storedtable.h"
 #include "reports/c_relatorios.h"
-#include "reports/frmrelatorio.h"
 #include "reports/modimpressao.h"
 #include "reports/reporttext.h"
 #include "settings/settings.h"
@@ -35,7 +35,7 @@ std::shared_ptr<const TableSource> table(const QList<QStringList> &lines)
 {
     std::vector<Column> columns;
     for (const QString &title : lines.constFirst())
-        columns.push_back({title, title, title == u"Valor" ? CellKind::Money : CellKind::Text});
+        columns.push_back({title, title, title == u"Valor" ? CellKind::Amount : CellKind::Text});
     RowStore rows(int(columns.size()));
     for (const QStringList &line : lines.sliced(1)) {
         std::vector<std::string> texts;

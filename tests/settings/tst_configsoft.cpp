@@ -1,5 +1,5 @@
+#include "app/frmconfigsoft.h"
 #include "data/changes.h"
-#include "settings/frmconfigsoft.h"
 #include "settings/programfolder.h"
 #include "settings/settings.h"
 #include "support/boxes.h"

@@ -34,7 +34,7 @@ std::vector<Column> columns()
     return {{u"codigo"_s, u"Código"_s, CellKind::Number, 0},
             {u"data"_s, u"Data"_s, CellKind::Date, 90},
             {u"nome"_s, u"Nome"_s, CellKind::Text, 120},
-            {u"valor"_s, u"Valor"_s, CellKind::Money, 80},
+            {u"valor"_s, u"Valor"_s, CellKind::Amount, 80},
             {u"qtde"_s, u"Qtde"_s, CellKind::Number, 60}};
 }
 

@@ -1,5 +1,7 @@
 // Pictures of every screen, made from a demo database: tavaro-telas PASTA SAÍDA [--escuro]
 
+#include "analysis/frmrelatorio.h"
+#include "app/frmconfigsoft.h"
 #include "app/frmprincipal.h"
 #include "app/icons.h"
 #include "bank/frmbanco.h"
@@ -12,13 +14,11 @@
 #include "entries/frmmultiplos.h"
 #include "entries/frmvisualizar.h"
 #include "reports/frmimpressao.h"
-#include "reports/frmrelatorio.h"
-#include "settings/frmconfigsoft.h"
+#include "sales/frmestoque.h"
 #include "settings/programfolder.h"
 #include "settings/settings.h"
 #include "stock/frmcadproduto.h"
 #include "stock/frmconfetiqueta.h"
-#include "stock/frmestoque.h"
 #include "widgets/frmcarregando.h"
 #include "widgets/listview.h"
 

@@ -1,4 +1,4 @@
-#include "app/filterbox.h"
+#include "widgets/filterbox.h"
 
 #include "widgets/boxes.h"
 

@@ -1,7 +1,7 @@
-#include "app/listexport.h"
+#include "reports/listexportcommands.h"
 
-#include "app/listcommand.h"
-#include "reports/frmexportar.h"
+#include "reports/exportcommands.h"
+#include "widgets/listcommand.h"
 #include "widgets/listview.h"
 
 #include <QAction>

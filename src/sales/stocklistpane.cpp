@@ -1,9 +1,9 @@
-#include "stock/frmlistaestoque.h"
-#include "ui_frmlistaestoque.h"
+#include "sales/stocklistpane.h"
+#include "ui_stocklistpane.h"
 
 #include "data/clock.h"
-#include "data/period.h"
 #include "entries/entryfilter.h"
+#include "lists/period.h"
 #include "settings/database.h"
 #include "widgets/boxes.h"
 #include "widgets/frmcarregando.h"
@@ -14,8 +14,8 @@
 
 using namespace Qt::StringLiterals;
 
-frmlistaestoque::frmlistaestoque(const StockKind &kind, const StockListNames &names, QWidget *parent)
-    : QWidget(parent), m_ui(std::make_unique<Ui::frmlistaestoque>()), m_kind(kind)
+StockListPane::StockListPane(const StockKind &kind, const StockListNames &names, QWidget *parent)
+    : QWidget(parent), m_ui(std::make_unique<Ui::StockListPane>()), m_kind(kind)
 {
     m_ui->setupUi(this);
     m_ui->filtro->setObjectName(names.period);
@@ -36,22 +36,22 @@ frmlistaestoque::frmlistaestoque(const StockKind &kind, const StockListNames &na
     m_ui->contato->addItem(kind.side.allContacts);
     m_applied = filter();
     for (QComboBox *box : {m_ui->filtro, m_ui->tipo, m_ui->produto, m_ui->contato})
-        connect(box, &QComboBox::currentTextChanged, this, &frmlistaestoque::filterChanged);
+        connect(box, &QComboBox::currentTextChanged, this, &StockListPane::filterChanged);
 }
 
-frmlistaestoque::~frmlistaestoque() = default;
+StockListPane::~StockListPane() = default;
 
-ListView &frmlistaestoque::list()
+ListView &StockListPane::list()
 {
     return *m_ui->lista;
 }
 
-QString frmlistaestoque::totals() const
+QString StockListPane::totals() const
 {
     return m_ui->total->text();
 }
 
-StockFilter frmlistaestoque::filter() const
+StockFilter StockListPane::filter() const
 {
     return {.period = m_ui->filtro->currentText(),
             .status = m_ui->tipo->currentText(),
@@ -59,7 +59,7 @@ StockFilter frmlistaestoque::filter() const
             .contact = m_ui->contato->currentText()};
 }
 
-bool frmlistaestoque::reload()
+bool StockListPane::reload()
 {
     return messages::guarded(this, messages::generalPrefix, [this] {
         const StockFilter wanted = filter();
@@ -72,7 +72,7 @@ bool frmlistaestoque::reload()
     });
 }
 
-void frmlistaestoque::filterChanged()
+void StockListPane::filterChanged()
 {
     if (reload())
         return;
@@ -86,7 +86,7 @@ void frmlistaestoque::filterChanged()
     }
 }
 
-void frmlistaestoque::refresh()
+void StockListPane::refresh()
 {
     if (!reload())
         return;

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "stock/stocklists.h"
+#include "sales/stocklists.h"
 
 #include <QWidget>
 
 #include <memory>
 
 namespace Ui {
-class frmlistaestoque;
+class StockListPane;
 }
 class ListView;
 
@@ -21,13 +21,13 @@ struct StockListNames
 
 /// The sales or the purchases on the stock screen: filter boxes, list and totals line. A changed filter box
 /// refills the list at once; when the list cannot be read, list and boxes stay as they were.
-class frmlistaestoque : public QWidget
+class StockListPane : public QWidget
 {
     Q_OBJECT
 
 public:
-    frmlistaestoque(const StockKind &kind, const StockListNames &names, QWidget *parent = nullptr);
-    ~frmlistaestoque() override;
+    StockListPane(const StockKind &kind, const StockListNames &names, QWidget *parent = nullptr);
+    ~StockListPane() override;
 
     const StockKind &kind() const { return m_kind; }
     ListView &list();
@@ -41,7 +41,7 @@ private:
     bool reload();
     void filterChanged();
 
-    std::unique_ptr<Ui::frmlistaestoque> m_ui;
+    std::unique_ptr<Ui::StockListPane> m_ui;
     const StockKind &m_kind;
     StockFilter m_applied;
 };

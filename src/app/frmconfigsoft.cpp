@@ -1,4 +1,4 @@
-#include "settings/frmconfigsoft.h"
+#include "app/frmconfigsoft.h"
 
 #include "ui_frmconfigsoft.h"
 

@@ -1,4 +1,4 @@
-#include "app/listcommand.h"
+#include "widgets/listcommand.h"
 
 #include "widgets/listview.h"
 

@@ -1,4 +1,4 @@
-#include "stock/stocklists.h"
+#include "sales/stocklists.h"
 
 #include "data/dates.h"
 #include "data/recordset.h"
@@ -143,7 +143,7 @@ std::vector<Column> columns(const StockKind &kind)
     const auto cost = std::ranges::find(result, u"custo"_s, &Column::key);
     if (cost != result.end())
         result.insert(cost + 1, {{u"margem"_s, u"Margem"_s, CellKind::Number, 70},
-                                 {u"lucro"_s, u"Lucro unitário"_s, CellKind::Money, 95}});
+                                 {u"lucro"_s, u"Lucro unitário"_s, CellKind::Amount, 95}});
     return result;
 }
 

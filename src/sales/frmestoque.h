@@ -10,7 +10,7 @@
 namespace Ui {
 class frmestoque;
 }
-class frmlistaestoque;
+class StockListPane;
 
 /// The stock screen: products with quantity and cost, and the sales and purchases that moved them. Stays open
 /// beside the main window and shows every change of products and entries at once.
@@ -35,6 +35,6 @@ private:
     Report report();
 
     std::unique_ptr<Ui::frmestoque> m_ui;
-    frmlistaestoque *m_sales;
-    frmlistaestoque *m_purchases;
+    StockListPane *m_sales;
+    StockListPane *m_purchases;
 };

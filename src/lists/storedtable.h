@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/tablesource.h"
+#include "lists/tablesource.h"
 
 /// A table that holds its own rows: a query's result on its way to a report.
 class StoredTable : public TableSource

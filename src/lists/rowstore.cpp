@@ -1,4 +1,4 @@
-#include "data/rowstore.h"
+#include "lists/rowstore.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,4 +1,4 @@
-#include "entries/frmentryscreen.h"
+#include "entries/entryscreen.h"
 
 #include "data/clock.h"
 #include "data/status.h"

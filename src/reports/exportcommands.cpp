@@ -1,4 +1,4 @@
-#include "reports/frmexportar.h"
+#include "reports/exportcommands.h"
 
 #include "reports/frmimpressao.h"
 #include "reports/reporttext.h"

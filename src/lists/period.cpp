@@ -1,4 +1,4 @@
-#include "data/period.h"
+#include "lists/period.h"
 
 #include "data/dates.h"
 

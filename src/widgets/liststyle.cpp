@@ -1,4 +1,4 @@
-#include "app/liststyle.h"
+#include "widgets/liststyle.h"
 
 #include "settings/palette.h"
 #include "settings/settings.h"

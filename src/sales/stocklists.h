@@ -1,9 +1,9 @@
 #pragma once
 
-#include "data/money.h"
+#include "data/decimal.h"
 #include "data/progress.h"
-#include "data/rowstore.h"
 #include "entries/side.h"
+#include "lists/rowstore.h"
 
 #include <QDate>
 #include <QStringList>

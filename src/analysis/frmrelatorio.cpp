@@ -1,4 +1,4 @@
-#include "reports/frmrelatorio.h"
+#include "analysis/frmrelatorio.h"
 #include "ui_frmrelatorio.h"
 
 #include "widgets/background.h"

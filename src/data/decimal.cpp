@@ -1,4 +1,4 @@
-#include "data/money.h"
+#include "data/decimal.h"
 
 #include "data/error.h"
 
@@ -22,11 +22,11 @@ constexpr quint64 perCent = 100;
     throw Error(Error::Kind::Data, u"O valor é grande demais."_s);
 }
 
-Money narrowed(Wide units)
+Decimal narrowed(Wide units)
 {
     if (units > std::numeric_limits<qint64>::max() || units < std::numeric_limits<qint64>::min())
         outOfRange();
-    return Money::fromTenThousandths(qint64(units));
+    return Decimal::fromTenThousandths(qint64(units));
 }
 
 /// numerator / denominator, half to even.
@@ -70,14 +70,14 @@ public:
     void point() { m_point = true; }
     bool hasPoint() const { return m_point; }
 
-    std::optional<Money> finish(bool negative)
+    std::optional<Decimal> finish(bool negative)
     {
         for (; m_decimals < 4; ++m_decimals)
             m_overflow |= __builtin_mul_overflow(m_units, quint64(10), &m_units);
         const quint64 limit = quint64(std::numeric_limits<qint64>::max()) + (negative ? 1 : 0);
         if (!m_any || m_overflow || m_units > limit)
             return std::nullopt;
-        return Money::fromTenThousandths(qint64(negative ? 0 - m_units : m_units));
+        return Decimal::fromTenThousandths(qint64(negative ? 0 - m_units : m_units));
     }
 
 private:
@@ -133,7 +133,7 @@ bool passedOver(char32_t c, View &rest)
 }
 
 template <typename View>
-std::optional<Money> parseBrazilian(View text)
+std::optional<Decimal> parseBrazilian(View text)
 {
     enum { Before, Inside, After } place = Before;
     Digits digits;
@@ -190,7 +190,7 @@ private:
     std::size_t m_begin = m_buffer.size();
 };
 
-Writer writeGrouped(Money money)
+Writer writeGrouped(Decimal money)
 {
     const quint64 cents = (magnitude(money.tenThousandths()) + perCent / 2) / perCent;
     Writer writer;
@@ -202,7 +202,7 @@ Writer writeGrouped(Money money)
     return writer;
 }
 
-Writer writePlain(Money money, char point)
+Writer writePlain(Decimal money, char point)
 {
     const quint64 units = magnitude(money.tenThousandths());
     Writer writer;
@@ -222,76 +222,76 @@ Writer writePlain(Money money, char point)
 
 } // namespace
 
-Money Money::fromInteger(qint64 whole)
+Decimal Decimal::fromInteger(qint64 whole)
 {
     return narrowed(Wide(whole) * Wide(perUnit));
 }
 
-std::optional<Money> Money::parse(QStringView text)
+std::optional<Decimal> Decimal::parse(QStringView text)
 {
     return parseBrazilian(std::u16string_view(text.utf16(), std::size_t(text.size())));
 }
 
-std::optional<Money> Money::parse(std::string_view utf8)
+std::optional<Decimal> Decimal::parse(std::string_view utf8)
 {
     return parseBrazilian(utf8);
 }
 
-Money Money::operator+(Money other) const
+Decimal Decimal::operator+(Decimal other) const
 {
     qint64 sum = 0;
     if (__builtin_add_overflow(m_units, other.m_units, &sum))
         outOfRange();
-    return Money(sum);
+    return Decimal(sum);
 }
 
-Money Money::operator-(Money other) const
+Decimal Decimal::operator-(Decimal other) const
 {
     qint64 difference = 0;
     if (__builtin_sub_overflow(m_units, other.m_units, &difference))
         outOfRange();
-    return Money(difference);
+    return Decimal(difference);
 }
 
-Money Money::times(Money factor) const
+Decimal Decimal::times(Decimal factor) const
 {
     return narrowed(dividedHalfEven(Wide(m_units) * factor.m_units, Wide(perUnit)));
 }
 
-std::optional<Money> Money::dividedBy(Money divisor) const
+std::optional<Decimal> Decimal::dividedBy(Decimal divisor) const
 {
     if (divisor.isZero())
         return std::nullopt;
     return narrowed(dividedHalfEven(Wide(m_units) * Wide(perUnit), divisor.m_units));
 }
 
-Money Money::roundedToCents() const
+Decimal Decimal::roundedToCents() const
 {
     const quint64 rounded = (magnitude(m_units) + perCent / 2) / perCent * perCent;
-    return Money(qint64(isNegative() ? 0 - rounded : rounded));
+    return Decimal(qint64(isNegative() ? 0 - rounded : rounded));
 }
 
-QString Money::grouped() const
+QString Decimal::grouped() const
 {
     return writeGrouped(*this).string();
 }
 
-void Money::appendGrouped(std::string &out) const
+void Decimal::appendGrouped(std::string &out) const
 {
     out += writeGrouped(*this).text();
 }
 
-QString Money::inReais() const
+QString Decimal::inReais() const
 {
     return u"R$ "_s + grouped();
 }
 
-QString Money::plain() const
+QString Decimal::plain() const
 {
     return writePlain(*this, ',').string();
 }
 
-QString Money::sqlNumber() const
+QString Decimal::sqlNumber() const
 {
     return writePlain(*this, '.').string();
 }

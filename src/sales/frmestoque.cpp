@@ -1,10 +1,10 @@
-#include "stock/frmestoque.h"
+#include "sales/frmestoque.h"
 #include "ui_frmestoque.h"
 
-#include "reports/frmexportar.h"
+#include "reports/exportcommands.h"
+#include "sales/stocklistpane.h"
 #include "settings/database.h"
 #include "stock/frmcadproduto.h"
-#include "stock/frmlistaestoque.h"
 #include "stock/products.h"
 #include "widgets/background.h"
 #include "widgets/messages.h"
@@ -23,12 +23,12 @@ frmestoque::frmestoque(QWidget *parent) : QDialog(parent), m_ui(std::make_unique
     m_ui->lstprodutos->setEmptyText(u"Nenhum produto cadastrado"_s);
     m_ui->lblprodutoest->setText(ProductList().summary());
 
-    m_sales = new frmlistaestoque(sales(), {u"cbofiltror"_s, u"cbotipor"_s, u"cboprodutor"_s, u"cbocliente"_s,
-                                            u"lstreceber"_s, u"lblreceberest"_s, u"Clie&nte:"_s});
-    m_purchases = new frmlistaestoque(purchases(),
-                                      {u"cbofiltrop"_s, u"cbotipop"_s, u"cboprodutop"_s, u"cbofornecedor"_s,
-                                       u"lstpagar"_s, u"lblpagarest"_s, u"Fo&rnecedor:"_s});
-    for (frmlistaestoque *list : {m_sales, m_purchases})
+    m_sales = new StockListPane(sales(), {u"cbofiltror"_s, u"cbotipor"_s, u"cboprodutor"_s, u"cbocliente"_s,
+                                          u"lstreceber"_s, u"lblreceberest"_s, u"Clie&nte:"_s});
+    m_purchases =
+        new StockListPane(purchases(), {u"cbofiltrop"_s, u"cbotipop"_s, u"cboprodutop"_s, u"cbofornecedor"_s,
+                                        u"lstpagar"_s, u"lblpagarest"_s, u"Fo&rnecedor:"_s});
+    for (StockListPane *list : {m_sales, m_purchases})
         m_ui->tabestoque->addTab(list, u'&' + list->kind().title);
     connectControls();
 }
@@ -119,7 +119,7 @@ Report frmestoque::report()
 {
     Report report;
     report.title = windowTitle();
-    auto *filtered = qobject_cast<frmlistaestoque *>(m_ui->tabestoque->currentWidget());
+    auto *filtered = qobject_cast<StockListPane *>(m_ui->tabestoque->currentWidget());
     if (filtered) {
         report.subtitle = filtered->kind().title;
         report.filterText = filtered->filterText();

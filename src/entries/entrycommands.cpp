@@ -1,9 +1,9 @@
-#include "app/entrycommands.h"
+#include "entries/entrycommands.h"
 
-#include "app/entrypane.h"
 #include "data/clock.h"
 #include "entries/entry.h"
 #include "entries/entrylist.h"
+#include "entries/entrypane.h"
 #include "entries/frmadicionar.h"
 #include "entries/frmmultiplos.h"
 #include "settings/database.h"
@@ -52,7 +52,7 @@ std::optional<EntryRemoval> EntryCommands::removalOf(int row)
     };
     return EntryRemoval{.code = entry::plainCode(m_pane.list().cell(row, 0)),
                         .product = stockCell(u"produto"),
-                        .quantity = Money::stored(QStringView(stockCell(u"qtde")))};
+                        .quantity = Quantity::stored(QStringView(stockCell(u"qtde")))};
 }
 
 void EntryCommands::remove()

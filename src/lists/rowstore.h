@@ -8,7 +8,7 @@
 #include <vector>
 
 /// How a column of a list sorts and aligns; the cells themselves are texts ready to be shown.
-enum class CellKind : quint8 { Text, Number, Money, Date };
+enum class CellKind : quint8 { Text, Number, Amount, Date };
 
 /// One column of a list.
 struct Column

@@ -1,12 +1,12 @@
-#include "app/accountpane.h"
+#include "bank/accountpane.h"
 #include "ui_accountpane.h"
 
-#include "app/listcommand.h"
-#include "app/listexport.h"
 #include "bank/frmbanco.h"
+#include "reports/listexportcommands.h"
 #include "settings/database.h"
 #include "settings/settings.h"
 #include "widgets/frmcarregando.h"
+#include "widgets/listcommand.h"
 #include "widgets/messages.h"
 
 #include <QAction>

@@ -8,42 +8,41 @@
 #include <string>
 #include <string_view>
 
-/// An exact decimal with four places, kept as a 64-bit count of ten-thousandths. It holds amounts of money
-/// and quantities alike. Range: about ±922 trillion; arithmetic that leaves the range throws
-/// Error::Kind::Data.
-class Money
+/// An exact decimal with four places, kept as a 64-bit count of ten-thousandths. Range: about ±922 trillion;
+/// arithmetic that leaves the range throws Error::Kind::Data.
+class Decimal
 {
 public:
-    constexpr Money() = default;
-    static constexpr Money fromTenThousandths(qint64 units) { return Money(units); }
-    static Money fromInteger(qint64 whole);
+    constexpr Decimal() = default;
+    static constexpr Decimal fromTenThousandths(qint64 units) { return Decimal(units); }
+    static Decimal fromInteger(qint64 whole);
 
     /// Reads Brazilian text: "R$ 1.234,56", "-0,5", "1500". Currency symbols and blanks around the number are
     /// passed over, "." groups digits and is ignored, "," starts the decimals; digits past the fourth decimal
     /// round half away from zero. No number, or one out of range, gives nothing.
-    static std::optional<Money> parse(QStringView text);
-    static std::optional<Money> parse(std::string_view utf8);
+    static std::optional<Decimal> parse(QStringView text);
+    static std::optional<Decimal> parse(std::string_view utf8);
     /// As parse(), for text that a table holds: what is not a number counts as zero.
-    static Money stored(std::string_view utf8) { return parse(utf8).value_or(Money()); }
-    static Money stored(QStringView text) { return parse(text).value_or(Money()); }
+    static Decimal stored(std::string_view utf8) { return parse(utf8).value_or(Decimal()); }
+    static Decimal stored(QStringView text) { return parse(text).value_or(Decimal()); }
 
     constexpr qint64 tenThousandths() const { return m_units; }
     constexpr bool isZero() const { return m_units == 0; }
     constexpr bool isNegative() const { return m_units < 0; }
 
-    Money operator+(Money other) const;
-    Money operator-(Money other) const;
-    Money operator-() const { return Money() - *this; }
-    Money &operator+=(Money other) { return *this = *this + other; }
-    Money &operator-=(Money other) { return *this = *this - other; }
+    Decimal operator+(Decimal other) const;
+    Decimal operator-(Decimal other) const;
+    Decimal operator-() const { return Decimal() - *this; }
+    Decimal &operator+=(Decimal other) { return *this = *this + other; }
+    Decimal &operator-=(Decimal other) { return *this = *this - other; }
     /// The product, rounded half to even at the fourth decimal.
-    Money times(Money factor) const;
+    Decimal times(Decimal factor) const;
     /// The quotient, rounded half to even at the fourth decimal; nothing when the divisor is zero.
-    std::optional<Money> dividedBy(Money divisor) const;
+    std::optional<Decimal> dividedBy(Decimal divisor) const;
     /// Two decimals, rounded half away from zero: what the pattern "##,##0.00" shows.
-    Money roundedToCents() const;
+    Decimal roundedToCents() const;
 
-    constexpr auto operator<=>(const Money &) const = default;
+    constexpr auto operator<=>(const Decimal &) const = default;
 
     /// "1.234,56": the patterns "##,##0.00" and "#,##0.00", which render alike.
     QString grouped() const;
@@ -57,7 +56,12 @@ public:
     QString sqlNumber() const;
 
 private:
-    explicit constexpr Money(qint64 units) : m_units(units) {}
+    explicit constexpr Decimal(qint64 units) : m_units(units) {}
 
     qint64 m_units = 0;
 };
+
+/// An amount of money.
+using Money = Decimal;
+/// A number of goods; four decimals serve goods sold by weight.
+using Quantity = Decimal;

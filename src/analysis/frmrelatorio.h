@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/frmexportar.h"
+#include "reports/exportcommands.h"
 
 #include <QDialog>
 
