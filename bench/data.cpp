@@ -119,6 +119,7 @@ void use(const QString &folder)
     QDir(folder + u"/settings"_s).removeRecursively();
     settings::setFolder(folder + u"/settings"_s);
     programfolder::choose(folder);
+    chooseDatabase();
 }
 
 } // namespace benchdata

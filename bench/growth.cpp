@@ -28,7 +28,7 @@ Cost cost(qint64 entries)
     const int rows = pane.list().rowCount();
     for (int i = 0; i < 501; ++i) {
         const QString code = QString::number(1 + qint64(i) * (rows - 1) / 500);
-        loads.push_back(seconds([&code] { entry::load(openDatabase(), payable(), code); }));
+        loads.push_back(seconds([&code] { entry::load(*openDatabase(), payable(), code); }));
     }
     return {median(fills) / rows, median(loads)};
 }

@@ -44,7 +44,7 @@ void measureMemory(Table &table, ShownPane &pane)
     const qint64 before = allocatedBytes();
     choose(pane, u"cbobancop"_s, entryfilter::allAccounts.toString(), 100'000);
     const qint64 grown = allocatedBytes() - before;
-    const qint64 text = entrylist::load(openDatabase(), payable(), pane.query(), nullptr).rows.textBytes();
+    const qint64 text = entrylist::load(*openDatabase(), payable(), pane.query(), nullptr).rows.textBytes();
     constexpr double rows = 100'000 - benchdata::selectedRows;
     const double textPerRow = double(text) / 100'000;
     const double perRow = double(grown) / rows;

@@ -16,7 +16,7 @@ void measureAccounts(Table &table)
     benchdata::use(folder);
     Floor floor(benchdata::databaseIn(folder));
     const Timing timing = inTurn(
-        21, [] { accounts::balances(openDatabase(), true, nullptr); }, [&floor] { floor.settledSums(); });
+        21, [] { accounts::balances(*openDatabase(), true, nullptr); }, [&floor] { floor.settledSums(); });
     table.add(u"Balances of 20 accounts over 220,000 rows"_s, timing, 1.5);
 }
 
@@ -27,7 +27,7 @@ void measureOpening(Table &table)
         21, [] { openDatabase(); },
         [] {
             closeDatabase();
-            openDatabase();
+            *openDatabase();
         });
     table.add(u"Opening the database again, against the first time"_s, timing, 0.01);
 }
@@ -38,9 +38,9 @@ void measureCentres(Table &table)
     benchdata::use(folder);
     Floor floor(benchdata::databaseIn(folder));
     const CentreSide &side = costCentres();
-    const QStringList names = centres::names(openDatabase(), side);
+    const QStringList names = centres::names(*openDatabase(), side);
     const Timing timing = inTurn(
-        11, [&] { centres::summary(openDatabase(), side, names); },
+        11, [&] { centres::summary(*openDatabase(), side, names); },
         [&] { floor.sum("SELECT descricao, valor, estatus FROM pagar"); });
     table.add(u"Summary of %1 centres over 200,000 entries"_s.arg(names.size()), timing, 2);
 }

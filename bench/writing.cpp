@@ -82,7 +82,7 @@ QString payablesQuery()
 /// The list of all payables, read from the database.
 Report payablesReport()
 {
-    EntryList list = entrylist::load(openDatabase(), payable(), payablesQuery(), nullptr);
+    EntryList list = entrylist::load(*openDatabase(), payable(), payablesQuery(), nullptr);
     Report report;
     report.title = u"Contas a pagar"_s;
     report.tables = {std::make_shared<StoredTable>(entrylist::columns(payable()), std::move(list.rows))};
@@ -130,7 +130,7 @@ void measureSaving(Table &table)
     const QString folder = benchdata::copyOf(source, u"saving"_s);
     Floor floor(benchdata::databaseIn(benchdata::copyOf(source, u"saving-floor"_s)));
     benchdata::use(folder);
-    if (!stock::onHand(openDatabase(), product))
+    if (!stock::onHand(*openDatabase(), product))
         qFatal("No stock to move: there is no product \"%s\"", qPrintable(product));
     const auto bare = [&floor](const char *insert, int times) {
         floor.execute("BEGIN IMMEDIATE");
@@ -140,13 +140,13 @@ void measureSaving(Table &table)
     const EntryForm one = entryForm();
     table.add(u"Saving an entry with its stock move, against a bare insert"_s,
               inTurn(
-                  400, [&] { entry::save(openDatabase(), payable(), one, QString()); },
+                  400, [&] { entry::save(*openDatabase(), payable(), one, QString()); },
                   [&] { bare(insertEntry, 1); }),
               1.5);
     const InstallmentsForm many = installmentsForm();
     table.add(u"Saving 600 installments, against 600 bare inserts"_s,
               inTurn(
-                  41, [&] { installments::write(openDatabase(), payable(), many, nullptr); },
+                  41, [&] { installments::write(*openDatabase(), payable(), many, nullptr); },
                   [&] { bare(insertInstallment, 600); }),
               2);
 }

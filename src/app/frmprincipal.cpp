@@ -169,8 +169,9 @@ void frmPrincipal::entriesChangedHere(EntryPane &pane)
     Changes::announce(pane.side().subject);
 }
 
-void frmPrincipal::dataChanged(Subject subject)
+void frmPrincipal::dataChanged(const Change &change)
 {
+    const Subject subject = change.subject;
     if (subject == Subject::Settings)
         applySettings();
     if (m_ownChange || !settings::isOn(settings::refreshMainWindow))

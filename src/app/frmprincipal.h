@@ -39,7 +39,7 @@ private:
     void makeTabs();
     void connectCommands();
     void connectSwitch(QAction *action, const settings::Key &key);
-    void dataChanged(Subject subject);
+    void dataChanged(const Change &change);
     void entriesChangedHere(EntryPane &pane);
     void reloadEntries(EntryPane &pane);
     void reloadAll();

@@ -1,5 +1,6 @@
 #include "app/frmprincipal.h"
 #include "app/icons.h"
+#include "settings/database.h"
 #include "settings/programfolder.h"
 #include "widgets/messages.h"
 
@@ -29,8 +30,10 @@ int main(int argc, char *argv[])
     parser.addOption(folder);
     parser.process(app);
 
-    if (!messages::guarded(nullptr, messages::generalPrefix,
-                           [&] { programfolder::choose(parser.value(folder)); }))
+    if (!messages::guarded(nullptr, messages::generalPrefix, [&] {
+            programfolder::choose(parser.value(folder));
+            chooseDatabase();
+        }))
         return 1;
     icons::choose();
     frmPrincipal window;

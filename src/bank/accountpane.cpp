@@ -66,7 +66,8 @@ bool AccountPane::refresh()
 {
     const BalanceMode mode = accounts::balanceMode(settings::value(settings::updateBalances));
     return messages::guarded(this, messages::generalPrefix, [&] {
-        Connection &connection = openDatabase();
+        const std::shared_ptr<Connection> database = openDatabase();
+        Connection &connection = *database;
         if (mode != BalanceMode::KeepList) {
             const bool recompute = mode == BalanceMode::Recompute;
             WaitProgress progress(window(), waitTitle, waitText);
@@ -100,7 +101,7 @@ void AccountPane::removeSelected()
                             u"Tem certeza que deseja remover "_s + name + u" ("_s +
                                 m_ui->lstcaixabanco->cell(row, 1) + u") do banco de dados?"_s))
         return;
-    if (!messages::guarded(this, messages::generalPrefix, [&] { accounts::remove(openDatabase(), name); }))
+    if (!messages::guarded(this, messages::generalPrefix, [&] { accounts::remove(*openDatabase(), name); }))
         return;
     Q_EMIT changed();
 }

@@ -34,7 +34,7 @@ frmbanco *frmbanco::openEdit(const QString &name, QWidget *parent)
 {
     std::optional<AccountForm> account;
     if (!messages::guarded(parent, messages::generalPrefix,
-                           [&] { account = accounts::load(openDatabase(), name); }))
+                           [&] { account = accounts::load(*openDatabase(), name); }))
         return nullptr;
     if (!account) {
         messages::information(parent, u"Caixa/Banco"_s, u"Este caixa/banco não existe mais."_s);
@@ -65,7 +65,8 @@ void frmbanco::save()
         return;
     }
     const bool saved = messages::guarded(this, messages::savePrefix, [&] {
-        Connection &connection = openDatabase();
+        const std::shared_ptr<Connection> database = openDatabase();
+        Connection &connection = *database;
         if (m_editedName.isEmpty())
             accounts::add(connection, form);
         else

@@ -35,8 +35,8 @@ frmmovimentobanc::frmmovimentobanc(const MovementScreen &screen, QWidget *parent
     connect(m_ui->cbomovimento, &QComboBox::currentTextChanged, this, &frmmovimentobanc::kindChosen);
     connect(m_ui->cmdadicionar, &QPushButton::clicked, this, &frmmovimentobanc::save);
     connect(m_ui->cmdcancelar, &QPushButton::clicked, this, &QDialog::close);
-    connect(&Changes::instance(), &Changes::changed, this, [this](Subject subject) {
-        if (subject == Subject::Accounts)
+    connect(&Changes::instance(), &Changes::changed, this, [this](const Change &change) {
+        if (change.subject == Subject::Accounts)
             fillAccounts();
     });
 }
@@ -59,7 +59,7 @@ frmmovimentobanc *frmmovimentobanc::openEdit(qint64 code, QWidget *parent)
     const MovementScreen &values = movement::editScreen();
     std::optional<MovementForm> form;
     if (!messages::guarded(parent, messages::generalPrefix,
-                           [&] { form = movement::load(openDatabase(), code); }))
+                           [&] { form = movement::load(*openDatabase(), code); }))
         return nullptr;
     if (!form) {
         messages::information(parent, values.caption, u"Este movimento não existe mais."_s);
@@ -77,7 +77,7 @@ frmmovimentobanc *frmmovimentobanc::openEdit(qint64 code, QWidget *parent)
 bool frmmovimentobanc::fillAccounts()
 {
     return messages::guarded(isVisible() ? this : parentWidget(), messages::generalPrefix, [this] {
-        const QStringList names = movement::accountNames(openDatabase(), m_screen);
+        const QStringList names = movement::accountNames(*openDatabase(), m_screen);
         boxes::refill(m_ui->cboorigem, names);
         boxes::refill(m_ui->cbodestino, names);
     });
@@ -126,9 +126,9 @@ void frmmovimentobanc::save()
     }
     const bool saved = messages::guarded(this, messages::savePrefix, [&] {
         if (m_code == 0)
-            movement::add(openDatabase(), typed);
+            movement::add(*openDatabase(), typed);
         else
-            movement::change(openDatabase(), m_code, typed);
+            movement::change(*openDatabase(), m_code, typed);
     });
     if (!saved)
         return;

@@ -89,7 +89,7 @@ void MovementPane::removeSelected()
     std::vector<qint64> codes;
     for (const int row : m_ui->lstmovimento->selectedRows())
         codes.push_back(m_ui->lstmovimento->cell(row, 0).toLongLong());
-    if (messages::guarded(this, messages::removePrefix, [&] { movement::remove(openDatabase(), codes); }))
+    if (messages::guarded(this, messages::removePrefix, [&] { movement::remove(*openDatabase(), codes); }))
         Q_EMIT changed();
 }
 
@@ -139,7 +139,7 @@ bool MovementPane::reload()
     return messages::guarded(this, messages::generalPrefix, [this] {
         const QString query = movementlist::query(filter(), programclock::today());
         WaitProgress progress(window(), movementlist::loadingTitle.toString(), listWaitText());
-        MovementList movements = movementlist::load(openDatabase(), query, &progress);
+        MovementList movements = movementlist::load(*openDatabase(), query, &progress);
         m_ui->lstmovimento->setRows(std::move(movements.rows));
         m_ui->lbltotalm->setText(movements.totals.text());
     });

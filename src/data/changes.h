@@ -1,5 +1,7 @@
 #pragma once
 
+#include "data/rowchange.h"
+
 #include <QObject>
 
 /// What a committed write may have changed.
@@ -13,7 +15,15 @@ enum class Subject {
     CostCentres,
     ProfitCentres,
     Products,
-    Settings
+    Settings,
+    Database ///< another file stands where the database was: everything that was read is void
+};
+
+/// One announcement: the rows of one subject that a committed write changed.
+struct Change
+{
+    Subject subject;
+    std::vector<RowChange> rows = {}; ///< empty: any row may have changed
 };
 
 /// Announces committed changes to whoever shows the data. Nobody calls another screen to refresh it.
@@ -22,9 +32,30 @@ class Changes : public QObject
     Q_OBJECT
 
 public:
+    /// While one lives, announcements wait; those of one subject become one. When the last one goes they are
+    /// made in the order in which the subjects first came.
+    class Hold
+    {
+    public:
+        Hold() { ++instance().m_holds; }
+        ~Hold()
+        {
+            if (--instance().m_holds == 0)
+                instance().release();
+        }
+        Q_DISABLE_COPY_MOVE(Hold)
+    };
+
     static Changes &instance();
-    static void announce(Subject subject) { Q_EMIT instance().changed(subject); }
+    static void announce(Change change);
+    static void announce(Subject subject) { announce(Change{subject}); }
 
 Q_SIGNALS:
-    void changed(Subject subject);
+    void changed(const Change &change);
+
+private:
+    void release();
+
+    int m_holds = 0;
+    std::vector<Change> m_held;
 };

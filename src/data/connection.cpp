@@ -15,6 +15,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -282,6 +283,8 @@ std::unique_ptr<Connection> Connection::create(const QString &path, const QStrin
 
 Connection::Connection(QString path) : m_path(std::move(path))
 {
+    static quint64 opened = 0;
+    m_serial = ++opened;
 }
 
 Connection::~Connection()
@@ -426,9 +429,26 @@ Transaction::~Transaction()
     }
 }
 
+void Transaction::note(Subject subject, RowChange row)
+{
+    const auto noted = std::ranges::find(m_noted, subject, &Change::subject);
+    if (noted == m_noted.end())
+        m_noted.push_back({subject, {std::move(row)}});
+    else if (!noted->rows.empty())
+        noted->rows.push_back(std::move(row));
+}
+
+void Transaction::note(Subject subject)
+{
+    std::erase_if(m_noted, [subject](const Change &change) { return change.subject == subject; });
+    m_noted.push_back({subject, {}});
+}
+
 void Transaction::commit()
 {
     // When it fails the destructor rolls back.
     m_connection.executeNative("COMMIT");
     m_open = false;
+    for (Change &change : m_noted)
+        Changes::announce(std::move(change));
 }

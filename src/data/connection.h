@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/changes.h"
 #include "data/dialect.h"
 #include "data/error.h"
 
@@ -64,6 +65,8 @@ public:
     Connection &operator=(const Connection &) = delete;
 
     QString path() const { return m_path; }
+    /// Different for every file opened in this run: what was read through one serial is void under another.
+    quint64 serial() const { return m_serial; }
     /// True while the path still leads to the file that was opened.
     bool isCurrent() const;
 
@@ -88,12 +91,14 @@ private:
     void checkUsable();
 
     QString m_path;
+    quint64 m_serial;
     sqlite3 *m_database = nullptr;
     quint64 m_device = 0;
     quint64 m_inode = 0;
 };
 
-/// Takes the write lock at once and rolls back unless commit() was reached.
+/// Takes the write lock at once and rolls back unless commit() was reached. What was noted is announced after
+/// the commit.
 class Transaction
 {
 public:
@@ -102,9 +107,13 @@ public:
     Transaction(const Transaction &) = delete;
     Transaction &operator=(const Transaction &) = delete;
 
+    void note(Subject subject, RowChange row);
+    /// Any row of the subject may have changed.
+    void note(Subject subject);
     void commit();
 
 private:
     Connection &m_connection;
+    std::vector<Change> m_noted;
     bool m_open = true;
 };

@@ -108,21 +108,35 @@ void Recordset::set(QStringView column, const QString &value)
         given->second = stored;
 }
 
-void Recordset::update()
+RowChange Recordset::update()
 {
+    RowChange change;
     if (m_state == State::Adding)
-        insertRow();
+        change = insertRow();
     else if (!m_pending.empty())
-        updateRow();
+        change = updateRow();
+    else
+        change = {m_rowKey, image(), image()};
     m_pending.clear();
+    return change;
 }
 
-void Recordset::remove()
+RowImage Recordset::image() const
+{
+    QStringList values;
+    for (int i = 0; i < columnCount(); ++i)
+        values << text(i);
+    return {m_columns, values};
+}
+
+RowChange Recordset::remove()
 {
     detach();
+    RowChange change{m_rowKey, image(), {}};
     Statement statement = m_connection.prepareNative(u"DELETE FROM %1 WHERE rowid=?"_s.arg(m_table).toUtf8());
     statement.bind(1, m_rowKey);
     statement.step();
+    return change;
 }
 
 void Recordset::readTableColumns()
@@ -198,7 +212,7 @@ bool Recordset::nextDetachedRow()
     return false;
 }
 
-void Recordset::insertRow()
+RowChange Recordset::insertRow()
 {
     const auto named = [](const auto &pending, const QString &column) { return pending.first == column; };
     if (!m_insert || !std::equal(m_pending.begin(), m_pending.end(), m_insertColumns.cbegin(),
@@ -219,11 +233,16 @@ void Recordset::insertRow()
     m_insert->step();
     m_insert->reset();
     m_state = State::AfterRows;
+    QStringList values;
+    for (const auto &[column, value] : m_pending)
+        values << value;
+    return {m_connection.lastInsertedRow(), {}, {m_insertColumns, values}};
 }
 
-void Recordset::updateRow()
+RowChange Recordset::updateRow()
 {
     detach();
+    RowChange change{m_rowKey, image(), {}};
     QStringList assignments;
     for (const auto &[column, value] : m_pending)
         assignments << u"[%1]=?"_s.arg(column);
@@ -235,4 +254,6 @@ void Recordset::updateRow()
     statement.step();
     if (!readDetachedRow(m_rowKey))
         throw Error(Error::Kind::Data, u"A linha não existe mais: outro usuário a excluiu."_s);
+    change.after = image();
+    return change;
 }

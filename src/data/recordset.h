@@ -52,10 +52,15 @@ public:
     /// Gives a column of the new or the current row its value. A numeric column takes Brazilian number text
     /// and throws Error::Kind::Data for text that is no number.
     void set(QStringView column, const QString &value);
-    /// Writes what was set.
-    void update();
+    /// Writes what was set, and tells what that changed. A new row is imaged as it was written: columns that
+    /// were not set are not in it.
+    RowChange update();
     /// Deletes the current row.
-    void remove();
+    RowChange remove();
+    /// The current row's values.
+    RowImage image() const;
+    /// The store's number of the current row of a table that can be changed.
+    qint64 rowKey() const { return m_rowKey; }
 
 private:
     struct TableColumn
@@ -76,8 +81,8 @@ private:
     void copyRow();
     bool readDetachedRow(qint64 key);
     bool nextDetachedRow();
-    void insertRow();
-    void updateRow();
+    RowChange insertRow();
+    RowChange updateRow();
 
     Connection &m_connection;
     QString m_countSql;

@@ -9,11 +9,12 @@
 class SharedConnection
 {
 public:
-    /// The open connection to `path`. Throws Error::Kind::Open; then nothing is open.
-    Connection &open(const QString &path);
+    /// The open connection to `path`; it stays usable while it is held, whatever is opened next. Throws
+    /// Error::Kind::Open; then nothing is open.
+    std::shared_ptr<Connection> open(const QString &path);
     void close() { m_connection.reset(); }
     bool isOpen() const { return m_connection != nullptr; }
 
 private:
-    std::unique_ptr<Connection> m_connection;
+    std::shared_ptr<Connection> m_connection;
 };

@@ -74,7 +74,7 @@ void EntryCommands::remove()
         removals.push_back(*removal);
     }
     const bool removed = messages::guarded(&m_pane, messages::removePrefix,
-                                           [&] { entry::remove(openDatabase(), m_pane.side(), removals); });
+                                           [&] { entry::remove(*openDatabase(), m_pane.side(), removals); });
     if (removed)
         Q_EMIT changed();
 }
@@ -90,7 +90,7 @@ void EntryCommands::settle()
     bool found = false;
     const bool settled =
         messages::guarded(&m_pane, u"Ocorreu o seguinte erro ao tentar efetuar a baixa: ", [&] {
-            found = entry::settle(openDatabase(), m_pane.side(), code, programclock::today());
+            found = entry::settle(*openDatabase(), m_pane.side(), code, programclock::today());
         });
     if (settled && !found)
         messages::information(&m_pane, u"Efetuar baixa"_s, u"Este lançamento não existe mais."_s);

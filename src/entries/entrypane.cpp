@@ -186,7 +186,7 @@ bool EntryPane::reload()
     return messages::guarded(this, messages::generalPrefix, [this] {
         const QString query = entryfilter::query(m_side, filter(), programclock::today());
         WaitProgress progress(window(), m_side.loadingTitle, listWaitText());
-        EntryList entries = entrylist::load(openDatabase(), m_side, query, &progress);
+        EntryList entries = entrylist::load(*openDatabase(), m_side, query, &progress);
         m_ui->lista->setRows(std::move(entries.rows));
         m_ui->total->setText(entries.totals.text(m_side));
         m_query = query;
@@ -196,7 +196,8 @@ bool EntryPane::reload()
 void EntryPane::refillFilterBoxes()
 {
     messages::guarded(this, messages::generalPrefix, [this] {
-        Connection &connection = openDatabase();
+        const std::shared_ptr<Connection> database = openDatabase();
+        Connection &connection = *database;
         filterbox::refill(m_ui->contato, m_side.allContacts,
                           entrylist::distinct(connection, m_side, m_side.contactColumn));
         filterbox::refill(m_ui->centro, m_side.allCentres,

@@ -40,7 +40,8 @@ void EntryScreen::setUp(const Controls &controls)
 bool EntryScreen::fillBoxes()
 {
     const bool filled = messages::guarded(parentWidget(), messages::generalPrefix, [this] {
-        Connection &connection = openDatabase();
+        const std::shared_ptr<Connection> database = openDatabase();
+        Connection &connection = *database;
         boxes::refill(m_controls.account, entry::accountNames(connection));
         boxes::refill(m_controls.contact, entry::names(connection, m_side.contactQuery, u"nome"));
         boxes::refill(m_controls.description, entry::names(connection, m_side.centreQuery, u"descricao"));
@@ -54,19 +55,20 @@ bool EntryScreen::fillBoxes()
     return filled;
 }
 
-void EntryScreen::refill(Subject subject)
+void EntryScreen::refill(const Change &change)
 {
+    const Subject subject = change.subject;
     messages::guarded(this, messages::generalPrefix, [&] {
         if (subject == Subject::Accounts)
-            boxes::refillTakingNew(m_controls.account, entry::accountNames(openDatabase()));
+            boxes::refillTakingNew(m_controls.account, entry::accountNames(*openDatabase()));
         else if (subject == m_side.contacts.subject)
             boxes::refillTakingNew(m_controls.contact,
-                                   entry::names(openDatabase(), m_side.contactQuery, u"nome"));
+                                   entry::names(*openDatabase(), m_side.contactQuery, u"nome"));
         else if (subject == m_side.centres.subject)
             boxes::refillTakingNew(m_controls.description,
-                                   entry::names(openDatabase(), m_side.centreQuery, u"descricao"));
+                                   entry::names(*openDatabase(), m_side.centreQuery, u"descricao"));
         else if (subject == Subject::Products && m_controls.product)
-            boxes::refill(m_controls.product, entry::productNames(openDatabase()));
+            boxes::refill(m_controls.product, entry::productNames(*openDatabase()));
     });
 }
 

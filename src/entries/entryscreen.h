@@ -38,7 +38,7 @@ protected:
     const Side &m_side;
 
 private:
-    void refill(Subject subject);
+    void refill(const Change &change);
 
     Controls m_controls{};
 };

@@ -48,7 +48,7 @@ frmAdicionar *frmAdicionar::openEdit(const Side &side, const QString &code, QWid
 {
     std::optional<EntryForm> form;
     if (!messages::guarded(parent, messages::generalPrefix,
-                           [&] { form = entry::load(openDatabase(), side, code); }))
+                           [&] { form = entry::load(*openDatabase(), side, code); }))
         return nullptr;
     if (!form) {
         messages::information(parent, side.caption, u"Este lançamento não existe mais."_s);
@@ -129,7 +129,7 @@ EntryForm frmAdicionar::form() const
 void frmAdicionar::showUnitCost(bool timesQuantity)
 {
     messages::guarded(this, messages::generalPrefix, [&] {
-        const auto cost = stock::unitCost(openDatabase(), m_ui->cboproduto->currentText());
+        const auto cost = stock::unitCost(*openDatabase(), m_ui->cboproduto->currentText());
         if (!cost)
             return;
         const Quantity quantity = Quantity::stored(QStringView(m_ui->txtqtde->text()));
@@ -143,12 +143,12 @@ void frmAdicionar::save()
     if (refuseBlank(entry::blankFields(typed)))
         return;
     const bool saved = messages::guarded(this, messages::savePrefix, [&] {
-        if (m_code.isEmpty() && entry::exceedsStock(openDatabase(), m_side, typed))
+        if (m_code.isEmpty() && entry::exceedsStock(*openDatabase(), m_side, typed))
             messages::exclamation(
                 this, u"Aviso de estoque"_s,
                 u"A quantidade de produtos adicionada é maior do que a quantidade de itens no estoque! "
                 "Seu saldo no estoque ficara negativo"_s);
-        entry::save(openDatabase(), m_side, typed, m_code);
+        entry::save(*openDatabase(), m_side, typed, m_code);
     });
     if (!saved)
         return;

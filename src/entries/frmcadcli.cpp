@@ -48,7 +48,7 @@ frmCadCli *frmCadCli::openEdit(const ContactSide &side, const QString &code, QWi
 {
     std::optional<ContactForm> form;
     if (!messages::guarded(parent, messages::generalPrefix,
-                           [&] { form = contact::load(openDatabase(), side, code); }))
+                           [&] { form = contact::load(*openDatabase(), side, code); }))
         return nullptr;
     if (!form) {
         messages::information(parent, side.editCaption, side.goneMessage);
@@ -64,7 +64,8 @@ frmCadCli *frmCadCli::openEdit(const ContactSide &side, const QString &code, QWi
 void frmCadCli::refillSuggestions()
 {
     messages::guarded(parentWidget(), messages::generalPrefix, [this] {
-        Connection &connection = openDatabase();
+        const std::shared_ptr<Connection> database = openDatabase();
+        Connection &connection = *database;
         boxes::refill(m_ui->txtestado, contact::used(connection, m_side, u"estado"_s));
         boxes::refill(m_ui->txtcidade, contact::used(connection, m_side, u"cidade"_s));
         boxes::refill(m_ui->txtbairro, contact::used(connection, m_side, u"bairro"_s));
@@ -146,7 +147,7 @@ void frmCadCli::save()
         return;
     }
     if (!messages::guarded(this, messages::savePrefix,
-                           [&] { contact::save(openDatabase(), m_side, typed, m_code); }))
+                           [&] { contact::save(*openDatabase(), m_side, typed, m_code); }))
         return;
     close();
     Changes::announce(m_side.subject);

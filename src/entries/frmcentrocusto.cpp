@@ -83,7 +83,7 @@ bool frmCentroCusto::reloadList()
     const bool loaded =
         messages::guarded(isVisible() ? this : parentWidget(), messages::generalPrefix, [this] {
             RowStore rows(1);
-            for (const QString &name : centres::names(openDatabase(), m_side))
+            for (const QString &name : centres::names(*openDatabase(), m_side))
                 rows.append({name.toStdString()});
             m_ui->lstcentro->setRows(std::move(rows));
         });
@@ -94,7 +94,8 @@ bool frmCentroCusto::reloadList()
 bool frmCentroCusto::reloadSummary()
 {
     const bool read = messages::guarded(this, messages::generalPrefix, [this] {
-        Connection &connection = openDatabase();
+        const std::shared_ptr<Connection> database = openDatabase();
+        Connection &connection = *database;
         m_summary = centres::summary(connection, m_side, centres::names(connection, m_side));
         m_ui->lstresumo->setRows(centres::rows(m_summary));
         m_ui->lbltotal->setText(m_summary.empty() ? QString()
@@ -113,8 +114,9 @@ void frmCentroCusto::showSummary()
         messages::information(this, u"Plano de conta"_s, m_side.noCentres);
 }
 
-void frmCentroCusto::refresh(Subject subject)
+void frmCentroCusto::refresh(const Change &change)
 {
+    const Subject subject = change.subject;
     if (subject == m_side.subject)
         reloadList();
     const bool summed = subject == m_side.subject || subject == m_side.entrySubject;
@@ -144,7 +146,7 @@ void frmCentroCusto::add()
         return;
     }
     if (!messages::guarded(this, messages::generalPrefix,
-                           [&] { centres::add(openDatabase(), m_side, name); }))
+                           [&] { centres::add(*openDatabase(), m_side, name); }))
         return;
     m_ui->txtnome->clear();
     m_ui->txtnome->setFocus();
@@ -161,7 +163,7 @@ void frmCentroCusto::rename()
     if (changed.trimmed().isEmpty())
         return;
     if (messages::guarded(this, messages::generalPrefix,
-                          [&] { centres::rename(openDatabase(), m_side, name, changed); }))
+                          [&] { centres::rename(*openDatabase(), m_side, name, changed); }))
         Changes::announce(m_side.subject);
 }
 
@@ -172,6 +174,6 @@ void frmCentroCusto::remove()
         !messages::question(this, u"Remover"_s, m_side.removeQuestion + name + u" do banco de dados?"_s))
         return;
     if (messages::guarded(this, messages::generalPrefix,
-                          [&] { centres::remove(openDatabase(), m_side, name); }))
+                          [&] { centres::remove(*openDatabase(), m_side, name); }))
         Changes::announce(m_side.subject);
 }

@@ -27,7 +27,7 @@ private:
     bool reloadList();
     bool reloadSummary();
     void showSummary();
-    void refresh(Subject subject);
+    void refresh(const Change &change);
     QString selected() const;
     void allowCommands();
     void add();

@@ -86,8 +86,8 @@ void frmCliente::connectCommands()
     });
     for (const QComboBox *box : {m_ui->cboordenar, m_ui->cboordem})
         connect(box, &QComboBox::currentTextChanged, this, &frmCliente::refresh);
-    connect(&Changes::instance(), &Changes::changed, this, [this](Subject subject) {
-        if (subject == m_side.subject)
+    connect(&Changes::instance(), &Changes::changed, this, [this](const Change &change) {
+        if (change.subject == m_side.subject)
             refresh();
     });
 }
@@ -104,7 +104,7 @@ bool frmCliente::refresh()
     return messages::guarded(over, messages::generalPrefix, [&] {
         WaitProgress progress(over, m_side.listCaption, listWaitText());
         m_ui->lstcontato->setRows(
-            contact::rows(openDatabase(), m_side, contact::query(m_side, filter()), &progress));
+            contact::rows(*openDatabase(), m_side, contact::query(m_side, filter()), &progress));
         m_ui->lbltopo->setText(contact::heading(m_side, filter()));
     });
 }
@@ -127,7 +127,7 @@ void frmCliente::removeSelected()
     if (code.isEmpty() || !messages::confirmRemoval(this))
         return;
     if (messages::guarded(this, messages::generalPrefix,
-                          [&] { contact::remove(openDatabase(), m_side, code); }))
+                          [&] { contact::remove(*openDatabase(), m_side, code); }))
         Changes::announce(m_side.subject);
 }
 

@@ -73,7 +73,7 @@ void frmMultiplos::save()
     const bool opened = messages::guarded(this, messages::savePrefix, [&] {
         const topmost::StepBack stepBack(this);
         WaitProgress progress(this, waitTitle, waitText);
-        outcome = installments::write(openDatabase(), m_side, typed, &progress);
+        outcome = installments::write(*openDatabase(), m_side, typed, &progress);
     });
     if (!opened)
         return;

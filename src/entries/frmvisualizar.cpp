@@ -28,8 +28,8 @@ frmVisualizar::frmVisualizar(const ViewKind &kind, ViewPeriod period, QWidget *p
     makeMenu();
     connectExports();
     connect(m_ui->cmdsair, &QPushButton::clicked, this, &QDialog::close);
-    connect(&Changes::instance(), &Changes::changed, this, [this](Subject subject) {
-        if (subject == m_kind.subject || subject == Subject::Settings)
+    connect(&Changes::instance(), &Changes::changed, this, [this](const Change &change) {
+        if (change.subject == m_kind.subject || change.subject == Subject::Settings)
             reload();
     });
 }
@@ -105,7 +105,7 @@ bool frmVisualizar::reload()
         const ViewPeriod period = periodview::shownPeriod(m_kind, m_period);
         const QDate today = programclock::today();
         WaitProgress progress(isVisible() ? this : parentWidget(), m_kind.loadingTitle, listWaitText());
-        ViewList list = m_kind.load(openDatabase(), periodview::query(m_kind, period, today), &progress);
+        ViewList list = m_kind.load(*openDatabase(), periodview::query(m_kind, period, today), &progress);
         m_ui->lbltotal->setText(periodview::summary(m_kind, period, list.totals));
         setWindowTitle(periodview::title(m_kind, period));
         m_ui->lblperiodo->setText(periodview::periodText(period, today));

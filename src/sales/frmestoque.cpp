@@ -74,14 +74,15 @@ void frmestoque::connectControls()
 void frmestoque::loadProducts()
 {
     messages::guarded(this, messages::generalPrefix, [this] {
-        ProductList products = products::list(openDatabase());
+        ProductList products = products::list(*openDatabase());
         m_ui->lblprodutoest->setText(products.summary());
         m_ui->lstprodutos->setRows(std::move(products.rows));
     });
 }
 
-void frmestoque::dataChanged(Subject subject)
+void frmestoque::dataChanged(const Change &change)
 {
+    const Subject subject = change.subject;
     if (subject == Subject::Receivables)
         m_sales->refresh();
     else if (subject == Subject::Payables)
@@ -110,7 +111,7 @@ void frmestoque::removeSelected()
     if (name.isEmpty())
         return;
     const bool removed =
-        messages::guarded(this, messages::removePrefix, [&] { products::remove(openDatabase(), name); });
+        messages::guarded(this, messages::removePrefix, [&] { products::remove(*openDatabase(), name); });
     if (removed)
         Changes::announce(Subject::Products);
 }

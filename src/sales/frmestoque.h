@@ -27,7 +27,7 @@ private:
     explicit frmestoque(QWidget *parent);
     void connectControls();
     void loadProducts();
-    void dataChanged(Subject subject);
+    void dataChanged(const Change &change);
     void editSelected();
     void removeSelected();
     QString selectedOrTell();

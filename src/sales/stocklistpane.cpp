@@ -65,7 +65,7 @@ bool StockListPane::reload()
         const StockFilter wanted = filter();
         WaitProgress progress(window(), m_kind.loadingTitle, listWaitText());
         StockList entries = stocklists::load(
-            openDatabase(), m_kind, stocklists::query(m_kind, wanted, programclock::today()), &progress);
+            *openDatabase(), m_kind, stocklists::query(m_kind, wanted, programclock::today()), &progress);
         m_ui->lista->setRows(std::move(entries.rows));
         m_ui->total->setText(entries.totals.text(m_kind));
         m_applied = wanted;
@@ -91,7 +91,8 @@ void StockListPane::refresh()
     if (!reload())
         return;
     messages::guarded(this, messages::generalPrefix, [this] {
-        Connection &connection = openDatabase();
+        const std::shared_ptr<Connection> database = openDatabase();
+        Connection &connection = *database;
         boxes::refill(m_ui->produto, QStringList(entryfilter::allProducts.toString()) +
                                          stocklists::productNames(connection, m_kind));
         boxes::refill(m_ui->contato,

@@ -35,7 +35,7 @@ frmcadproduto *frmcadproduto::openEdit(const QString &name, QWidget *parent)
 {
     std::optional<ProductForm> product;
     if (!messages::guarded(parent, messages::generalPrefix,
-                           [&] { product = products::load(openDatabase(), name); }))
+                           [&] { product = products::load(*openDatabase(), name); }))
         return nullptr;
     if (!product) {
         messages::information(parent, u"Produtos"_s, u"Este produto não existe mais."_s);
@@ -64,7 +64,8 @@ void frmcadproduto::save()
     }
     const QString edited = m_ui->lblnome->text();
     const bool saved = messages::guarded(this, messages::savePrefix, [&] {
-        Connection &connection = openDatabase();
+        const std::shared_ptr<Connection> database = openDatabase();
+        Connection &connection = *database;
         if (edited.isEmpty())
             products::add(connection, form);
         else

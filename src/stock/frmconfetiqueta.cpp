@@ -109,7 +109,7 @@ frmConfEtiqueta *frmConfEtiqueta::open(const QString &query, QWidget *parent)
 {
     auto screen = std::unique_ptr<frmConfEtiqueta>(new frmConfEtiqueta(query, parent));
     if (!messages::guarded(parent, messages::generalPrefix,
-                           [&] { screen->showFields(labels::load(openDatabase())); }))
+                           [&] { screen->showFields(labels::load(*openDatabase())); }))
         return nullptr;
     screen->show();
     return screen.release();
@@ -190,7 +190,7 @@ void frmConfEtiqueta::removeField()
 void frmConfEtiqueta::paintOn(QPagedPaintDevice &device, int maxPages)
 {
     const auto pages =
-        labels::pages(openDatabase(), m_query, fields(), m_ui->spninicio->value() - 1, maxPages);
+        labels::pages(*openDatabase(), m_query, fields(), m_ui->spninicio->value() - 1, maxPages);
     QPainter painter;
     if (!painter.begin(&device))
         throw Error(Error::Kind::File, u"não foi possível começar a imprimir."_s);
@@ -207,7 +207,7 @@ void frmConfEtiqueta::paintOn(QPagedPaintDevice &device, int maxPages)
 bool frmConfEtiqueta::save()
 {
     const bool saved =
-        messages::guarded(this, messages::savePrefix, [this] { labels::save(openDatabase(), fields()); });
+        messages::guarded(this, messages::savePrefix, [this] { labels::save(*openDatabase(), fields()); });
     if (saved)
         m_edited = false;
     return saved;

@@ -34,7 +34,7 @@ int saveEntries(const QString &folder, const Side &side, int count)
         programfolder::choose(folder);
         settings::setFolder(folder + u"/config"_s);
         for (int i = 0; i < count; ++i) {
-            entry::save(openDatabase(), side, unitOfCoffee(), {});
+            entry::save(*openDatabase(), side, unitOfCoffee(), {});
             std::puts("ok");
             std::fflush(stdout);
         }
@@ -138,7 +138,7 @@ void tst_reliability::fullDisk()
     std::optional<Error> failure;
     for (int i = 0; i < 10'000 && !failure; ++i) {
         try {
-            entry::save(openDatabase(), receivable(), unitOfCoffee(), {});
+            entry::save(*openDatabase(), receivable(), unitOfCoffee(), {});
         } catch (const Error &error) {
             failure = error;
         }
@@ -149,7 +149,7 @@ void tst_reliability::fullDisk()
     QCOMPARE(disagreement(program), QString());
 
     const qint64 sold = program.rows(u"select código from receber"_s).count(u'\n');
-    entry::save(openDatabase(), receivable(), unitOfCoffee(), {});
+    entry::save(*openDatabase(), receivable(), unitOfCoffee(), {});
     QCOMPARE(program.rows(u"select código from receber"_s).count(u'\n'), sold + 1);
     QCOMPARE(disagreement(program), QString());
 }

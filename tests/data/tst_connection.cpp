@@ -353,14 +353,14 @@ void TestConnection::sharedConnectionFollowsTheFile()
     TestProgram program;
     const QString path = program.databaseFile();
     SharedConnection shared;
-    Connection *first = &shared.open(path);
+    const std::shared_ptr<Connection> first = shared.open(path);
     first->execute(u"insert into banco values ('antes', '0,00', ' ')"_s);
-    QCOMPARE(&shared.open(path), first);
+    QCOMPARE(shared.open(path), first);
 
     const QString restored = program.file(u"copia.qorvex"_s);
     schema::createFile(restored);
     QVERIFY(QFile::remove(path) && QFile::rename(restored, path));
-    Statement left = shared.open(path).prepare(u"select count(*) from banco"_s);
+    Statement left = shared.open(path)->prepare(u"select count(*) from banco"_s);
     QVERIFY(left.step());
     QCOMPARE(left.integer(0), 0);
 
@@ -375,11 +375,15 @@ void TestConnection::pathComesFromTheSetting()
     const QString network = program.file(u"rede.qorvex"_s);
     schema::createFile(network);
     settings::setValue(settings::databasePath, network);
+    chooseDatabase();
     program.run(u"insert into banco values ('na rede', '0,00', ' ')"_s);
     settings::setValue(settings::databasePath,
-                       u"semrede"_s); // another spelling is a path like any other
+                       u"semrede"_s);  // another spelling is a path like any other
+    QCOMPARE(databasePath(), network); // for the whole run
+    chooseDatabase();
     QCOMPARE(databasePath(), u"semrede"_s);
     settings::setValue(settings::databasePath, u"SemRede"_s);
+    chooseDatabase();
     QCOMPARE(program.rows(u"select banco from banco"_s), QString());
 }
 

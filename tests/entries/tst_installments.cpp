@@ -202,7 +202,7 @@ void tst_installments::writingFromTheScreen()
     screen.set(u"txtdiasparcelas"_s, u"7"_s);
     QList<Subject> announced;
     connect(&Changes::instance(), &Changes::changed, screen.dialog,
-            [&](Subject subject) { announced << subject; });
+            [&](const Change &change) { announced << change.subject; });
     screen.press(u"cmdinserir"_s);
     QCOMPARE(screen.told(), QString());
     QCOMPARE(announced, QList<Subject>{Subject::Receivables});
@@ -220,7 +220,7 @@ void tst_installments::writtenRowsBeforeAFailureAreAnnounced()
     screen.fill();
     screen.set(u"txtnparcelas"_s, u"12"_s);
     int announced = 0;
-    connect(&Changes::instance(), &Changes::changed, screen.dialog, [&](Subject) { ++announced; });
+    connect(&Changes::instance(), &Changes::changed, screen.dialog, [&] { ++announced; });
     screen.press(u"cmdinserir"_s);
     const QString told = screen.told();
     QVERIFY2(told.startsWith(u"critical | Erro | Ocorreu o seguinte erro ao tentar cadastrar os dados: "_s) &&

@@ -151,7 +151,7 @@ void TestConfigSoft::everyControlStoresAtOnce()
     QTest::keyClicks(control<QLineEdit>("txtnome"), u"Loja "_s);
     control<QLineEdit>("txtslogan")->clear();
     QCOMPARE(announced.count(), 16);
-    QCOMPARE(announced.at(0).at(0).value<Subject>(), Subject::Settings);
+    QCOMPARE(announced.at(0).at(0).value<Change>().subject, Subject::Settings);
     QCOMPARE(stored(),
              u"[Configurações]\nIniciar=1\nAtualizarSaldo=0\nOrdem=ASC\nTamanhoFonte=14\n"
              "Corfonte=&HA14D1B\nCorescolhidafonte=10\nCorFundo1=0\nCorescolhida=9\nCorFundo2=&HD0F7FF\n"

@@ -14,6 +14,7 @@ TestProgram::TestProgram()
     QDir(m_folder.path()).mkdir(u"settings"_s);
     settings::setFolder(file(u"settings"_s));
     programfolder::choose(m_folder.path());
+    chooseDatabase();
     schema::createFile(databaseFile());
 }
 
@@ -29,7 +30,7 @@ QString TestProgram::databaseFile() const
 
 Connection &TestProgram::database()
 {
-    return openDatabase();
+    return *openDatabase();
 }
 
 void TestProgram::run(const QString &sql)
