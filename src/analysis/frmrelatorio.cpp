@@ -16,9 +16,9 @@ constexpr int measuredRows = 200;
 constexpr int widestColumn = 320; ///< pixels
 constexpr int cellPadding = 24;   ///< pixels: margins and the sort arrow
 
-std::vector<Column> columnsOf(const TableSource &table, const QFontMetrics &metrics)
+std::vector<ListColumn> columnsOf(const TableSource &table, const QFontMetrics &metrics)
 {
-    std::vector<Column> columns;
+    std::vector<ListColumn> columns;
     for (int i = 0; i < table.columnCount(); ++i) {
         int width = metrics.horizontalAdvance(table.heading(i));
         for (int row = 0; row < std::min(table.rowCount(), measuredRows); ++row)

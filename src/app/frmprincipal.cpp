@@ -12,18 +12,27 @@
 #include "entries/entrypane.h"
 #include "settings/autostart.h"
 #include "settings/database.h"
+#include "settings/listlayout.h"
 #include "widgets/background.h"
 #include "widgets/liststyle.h"
 #include "widgets/listview.h"
 #include "widgets/messages.h"
 
 #include <QCloseEvent>
+#include <QDeadlineTimer>
 #include <QLabel>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QStatusBar>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int loadAtOnce = 60;      ///< milliseconds of work on tabs that are not shown, before the window answers
+constexpr int betweenTries = 5'000; ///< milliseconds, to open a database that was not there
+
+} // namespace
 
 frmPrincipal::frmPrincipal(QWidget *parent) : QMainWindow(parent), m_ui(std::make_unique<Ui::frmPrincipal>())
 {
@@ -57,25 +66,15 @@ void frmPrincipal::makeTabs()
                                                    {m_ui->mnueditarbancos, m_accounts}};
     for (const auto &[menu, pane] : menus)
         menu->addActions(pane->findChild<ListView *>()->actions());
-    connect(m_ui->tabprincipal, &QTabWidget::currentChanged, this, [this](int tab) {
-        if (tab == AccountsTab)
-            m_accounts->refresh();
-    });
-    for (EntryPane *pane : {m_payables, m_receivables}) {
-        auto *commands = new EntryCommands(*pane, *m_receivables, this);
-        connect(commands, &EntryCommands::changed, this, [this, pane] { entriesChangedHere(*pane); });
-    }
-    connect(m_accounts, &AccountPane::changed, this, [this] {
-        m_accounts->refresh();
-        const QScopedValueRollback own(m_ownChange, true);
-        Changes::announce(Subject::Accounts);
-    });
-    connect(m_movements, &MovementPane::changed, this, [this] {
-        m_movements->reload();
-        m_accounts->refresh();
-        const QScopedValueRollback own(m_ownChange, true);
-        Changes::announce(Subject::Movements);
-    });
+    connect(m_ui->tabprincipal, &QTabWidget::currentChanged, this, &frmPrincipal::tabShown);
+    for (EntryPane *pane : {m_payables, m_receivables})
+        new EntryCommands(*pane, *m_receivables, this);
+    for (ListPane *pane : listPanes())
+        connect(pane, &ListPane::loaded, this, &frmPrincipal::loadNext);
+    m_loadNext.setSingleShot(true);
+    connect(&m_loadNext, &QTimer::timeout, this, &frmPrincipal::loadNext);
+    m_tryAgain.setInterval(betweenTries);
+    connect(&m_tryAgain, &QTimer::timeout, this, &frmPrincipal::tryToOpen);
 }
 
 void frmPrincipal::connectCommands()
@@ -86,8 +85,7 @@ void frmPrincipal::connectCommands()
     connectScreenCommands(*this);
     connect(m_ui->mnucadbancos, &QAction::triggered, m_accounts->addCommand, &QAction::trigger);
     connect(m_ui->mnuviscaixabanco, &QAction::triggered, this, [this] {
-        const QSignalBlocker blocker(m_ui->tabprincipal);
-        m_ui->tabprincipal->setCurrentIndex(AccountsTab);
+        showTab(AccountsTab);
         m_accounts->refresh();
     });
     connect(m_ui->mnuatualizarlistas, &QAction::triggered, this, &frmPrincipal::reloadAll);
@@ -133,70 +131,135 @@ void frmPrincipal::connectSwitch(QAction *action, const settings::Key &key)
 void frmPrincipal::start()
 {
     background::apply(m_accounts->list().viewport()); // the one place of the window that lists leave empty
-    m_payables->restoreFilters();
-    m_receivables->restoreFilters();
-    m_movements->restoreFilters();
+    for (ListPane *pane : listPanes())
+        pane->restoreFilters();
     m_welcome->setText(u"Seja bem vindo ao software   -   "_s + dates::longDate(programclock::today()));
-    if (messages::guarded(this, messages::openPrefix, [] { openDatabase(); }))
-        reloadAll();
-    applySettings();
-    QCoreApplication::processEvents();
-    m_payables->restoreLayout();
-    m_receivables->restoreLayout();
-    m_movements->restoreLayout();
+    m_payables->list().applyLayout(listlayout::load(m_payables->layoutFile()));
+    m_receivables->list().applyLayout(listlayout::load(m_receivables->layoutFile()));
+    m_movements->list().applyLayout(listlayout::load(listlayout::movements()));
     m_layoutShown = true;
+    applySettings();
+    reloadAll();
+    QCoreApplication::processEvents();
 }
 
-void frmPrincipal::reloadEntries(EntryPane &pane)
+QList<ListPane *> frmPrincipal::listPanes() const
 {
-    if (pane.reload())
-        pane.refillFilterBoxes();
+    return {m_payables, m_receivables, m_movements};
 }
 
+void frmPrincipal::showTab(Tab tab)
+{
+    const QSignalBlocker blocker(m_ui->tabprincipal);
+    m_ui->tabprincipal->setCurrentIndex(tab);
+}
+
+/// A tab that comes to the front is read if it has not been yet; the accounts are computed every time.
+void frmPrincipal::tabShown(int tab)
+{
+    if (tab == AccountsTab)
+        m_accounts->refresh();
+    else if (m_unread.contains(listPanes().at(tab)))
+        load(*listPanes().at(tab));
+}
+
+/// Reads everything anew: the tab in front at once, the others as time allows.
 void frmPrincipal::reloadAll()
 {
-    reloadEntries(*m_payables);
-    reloadEntries(*m_receivables);
-    m_movements->reload();
-    m_accounts->refresh();
-}
-
-void frmPrincipal::entriesChangedHere(EntryPane &pane)
-{
-    reloadEntries(pane);
-    m_accounts->refresh();
-    const QScopedValueRollback own(m_ownChange, true);
-    Changes::announce(pane.side().subject);
-}
-
-void frmPrincipal::dataChanged(const Change &change)
-{
-    const Subject subject = change.subject;
-    if (subject == Subject::Settings)
-        applySettings();
-    if (m_ownChange || !settings::isOn(settings::refreshMainWindow))
-        return;
-    const auto show = [this](Tab tab) {
-        const QSignalBlocker blocker(m_ui->tabprincipal); // the accounts are refilled once, below
-        m_ui->tabprincipal->setCurrentIndex(tab);
-    };
-    switch (subject) {
-    case Subject::Payables:
-    case Subject::Receivables:
-        show(subject == Subject::Payables ? PayablesTab : ReceivablesTab);
-        reloadEntries(subject == Subject::Payables ? *m_payables : *m_receivables);
-        break;
-    case Subject::Movements:
-        show(MovementsTab);
-        m_movements->reload();
-        break;
-    case Subject::Accounts:
-        show(AccountsTab);
-        break;
-    default:
+    m_tryAgain.stop();
+    if (!messages::guarded(this, messages::openPrefix, [] { openDatabase(); })) {
+        m_tryAgain.start();
         return;
     }
-    m_accounts->refresh();
+    for (ListPane *pane : listPanes())
+        m_unread.insert(pane);
+    m_balancesWanted = true;
+    const int tab = m_ui->tabprincipal->currentIndex();
+    if (tab < AccountsTab)
+        load(*listPanes().at(tab));
+    else
+        loadNext();
+}
+
+/// A choice that was kept and breaks the query would leave the list empty at every start.
+void frmPrincipal::load(ListPane &pane)
+{
+    m_unread.remove(&pane);
+    if (!pane.reload())
+        pane.reloadUnfiltered();
+}
+
+/// Reads what is still to be read, one thing after the other. Short work follows at once, so that a small
+/// business is complete when the window appears.
+void frmPrincipal::loadNext()
+{
+    if (m_loadingNext)
+        return;
+    const QScopedValueRollback loading(m_loadingNext, true);
+    const QDeadlineTimer soon(loadAtOnce);
+    for (ListPane *pane : listPanes()) {
+        if (pane->feed().isLoading())
+            return;
+        if (!m_unread.contains(pane))
+            continue;
+        if (soon.hasExpired()) {
+            m_loadNext.start();
+            return;
+        }
+        load(*pane);
+        if (pane->feed().isLoading())
+            return;
+    }
+    if (std::exchange(m_balancesWanted, false))
+        m_accounts->refresh();
+}
+
+/// The network may be back, or the file.
+void frmPrincipal::tryToOpen()
+{
+    try {
+        openDatabase();
+    } catch (const Error &) {
+        return;
+    }
+    reloadAll();
+}
+
+ListPane *frmPrincipal::paneOf(Subject subject) const
+{
+    switch (subject) {
+    case Subject::Payables:
+        return m_payables;
+    case Subject::Receivables:
+        return m_receivables;
+    case Subject::Movements:
+        return m_movements;
+    default:
+        return nullptr;
+    }
+}
+
+/// The one place where the window follows what was written, by its own commands or by other screens.
+void frmPrincipal::dataChanged(const Change &change)
+{
+    if (change.subject == Subject::Settings)
+        applySettings();
+    if (change.subject == Subject::Database)
+        reloadAll();
+    ListPane *pane = paneOf(change.subject);
+    if (!pane && change.subject != Subject::Accounts)
+        return;
+    const bool ownCommand = pane ? pane->isCommanding() : m_accounts->isCommanding();
+    if (!ownCommand && !settings::isOn(settings::refreshMainWindow)) {
+        if (pane)
+            pane->skip();
+        return;
+    }
+    if (!ownCommand)
+        showTab(pane ? Tab(listPanes().indexOf(pane)) : AccountsTab);
+    if (pane)
+        pane->follow(change);
+    m_accounts->follow(change);
 }
 
 QList<ListView *> frmPrincipal::lists()
@@ -222,9 +285,9 @@ void frmPrincipal::closeEvent(QCloseEvent *event)
 {
     if (m_layoutShown)
         messages::guarded(this, messages::generalPrefix, [this] {
-            m_payables->saveLayout();
-            m_receivables->saveLayout();
-            m_movements->saveLayout();
+            listlayout::save(m_payables->layoutFile(), m_payables->list().layout());
+            listlayout::save(m_receivables->layoutFile(), m_receivables->list().layout());
+            listlayout::save(listlayout::movements(), m_movements->list().layout());
         });
     QMainWindow::closeEvent(event);
 }

@@ -4,6 +4,8 @@
 #include "settings/settings.h"
 
 #include <QMainWindow>
+#include <QSet>
+#include <QTimer>
 
 #include <memory>
 
@@ -12,6 +14,7 @@ class frmPrincipal;
 }
 class AccountPane;
 class EntryPane;
+class ListPane;
 class ListView;
 class MovementPane;
 class QLabel;
@@ -40,9 +43,14 @@ private:
     void connectCommands();
     void connectSwitch(QAction *action, const settings::Key &key);
     void dataChanged(const Change &change);
-    void entriesChangedHere(EntryPane &pane);
-    void reloadEntries(EntryPane &pane);
+    void showTab(Tab tab);
+    void tabShown(int tab);
     void reloadAll();
+    void load(ListPane &pane);
+    void loadNext();
+    void tryToOpen();
+    QList<ListPane *> listPanes() const;
+    ListPane *paneOf(Subject subject) const;
     void applySettings();
     QList<ListView *> lists();
 
@@ -53,5 +61,8 @@ private:
     AccountPane *m_accounts;
     QLabel *m_welcome;
     bool m_layoutShown = false; ///< the saved column layout was applied, so what is shown may replace it
-    bool m_ownChange = false;   ///< an announcement of this window itself
+    QTimer m_loadNext, m_tryAgain;
+    QSet<ListPane *> m_unread;     ///< their turn comes
+    bool m_balancesWanted = false; ///< once the lists are read
+    bool m_loadingNext = false;
 };

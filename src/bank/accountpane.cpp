@@ -5,7 +5,6 @@
 #include "reports/listexportcommands.h"
 #include "settings/database.h"
 #include "settings/settings.h"
-#include "widgets/frmcarregando.h"
 #include "widgets/listcommand.h"
 #include "widgets/messages.h"
 
@@ -22,7 +21,8 @@ const QString waitText =
 
 } // namespace
 
-AccountPane::AccountPane(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui::AccountPane>())
+AccountPane::AccountPane(QWidget *parent)
+    : QWidget(parent), m_ui(std::make_unique<Ui::AccountPane>()), m_work(this)
 {
     m_ui->setupUi(this);
     m_ui->lstcaixabanco->setColumns(accounts::columns());
@@ -65,16 +65,53 @@ void AccountPane::makeCommands()
 bool AccountPane::refresh()
 {
     const BalanceMode mode = accounts::balanceMode(settings::value(settings::updateBalances));
-    return messages::guarded(this, messages::generalPrefix, [&] {
-        const std::shared_ptr<Connection> database = openDatabase();
-        Connection &connection = *database;
-        if (mode != BalanceMode::KeepList) {
-            const bool recompute = mode == BalanceMode::Recompute;
-            WaitProgress progress(window(), waitTitle, waitText);
-            m_shown = accounts::balances(connection, recompute, recompute ? &progress : nullptr);
-            m_ui->lstcaixabanco->setRows(accounts::rows(m_shown));
+    return messages::guarded(window(), messages::generalPrefix, [&] {
+        if (mode == BalanceMode::KeepList) {
+            show(std::move(m_shown));
+            return;
         }
-        m_ui->txtresucaixa->setPlainText(accounts::summary(m_shown));
+        const auto load = std::make_shared<BalanceLoad>(openDatabase(), mode == BalanceMode::Recompute);
+        m_work.start({.title = waitTitle,
+                      .text = waitText,
+                      .run = [load](const QDeadlineTimer &until) { return load->run(until); },
+                      .interrupted = {},
+                      .done =
+                          [this, load] {
+                              m_serial = load->serial();
+                              m_dataVersion = load->dataVersion();
+                              show(load->takeBalances());
+                          },
+                      .failed =
+                          [this](const Error &error) {
+                              messages::error(window(), messages::generalPrefix, error);
+                          },
+                      .total = [load] { return load->accounts(); },
+                      .progress = [load] { return load->accountsDone(); }});
+    });
+}
+
+void AccountPane::show(std::vector<AccountBalance> balances)
+{
+    m_shown = std::move(balances);
+    m_ui->lstcaixabanco->setRows(accounts::rows(m_shown));
+    m_ui->txtresucaixa->setPlainText(accounts::summary(m_shown));
+    Q_EMIT loaded();
+}
+
+void AccountPane::follow(const Change &change)
+{
+    const bool movesMoney = change.subject == Subject::Payables || change.subject == Subject::Receivables ||
+                            change.subject == Subject::Movements;
+    const auto mode = accounts::balanceMode(settings::value(settings::updateBalances));
+    messages::guarded(window(), messages::generalPrefix, [&] {
+        const std::shared_ptr<Connection> database = openDatabase();
+        const bool known = movesMoney && !m_work.isRunning() && mode == BalanceMode::Recompute &&
+                           database->serial() == m_serial && database->dataVersion() == m_dataVersion;
+        std::vector<AccountBalance> followed = m_shown;
+        if (known && accounts::follow(followed, change))
+            show(std::move(followed));
+        else
+            refresh();
     });
 }
 
@@ -101,7 +138,8 @@ void AccountPane::removeSelected()
                             u"Tem certeza que deseja remover "_s + name + u" ("_s +
                                 m_ui->lstcaixabanco->cell(row, 1) + u") do banco de dados?"_s))
         return;
-    if (!messages::guarded(this, messages::generalPrefix, [&] { accounts::remove(*openDatabase(), name); }))
-        return;
-    Q_EMIT changed();
+    m_isCommanding = true;
+    messages::guarded(this, messages::generalPrefix,
+                      [&] { accounts::remove(*openDatabase(m_serial), name); });
+    m_isCommanding = false;
 }

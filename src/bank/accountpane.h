@@ -1,6 +1,7 @@
 #pragma once
 
 #include "bank/accounts.h"
+#include "widgets/slicedwork.h"
 
 #include <QWidget>
 
@@ -23,21 +24,30 @@ public:
     ~AccountPane() override;
 
     ListView &list();
-    /// AtualizarListaBancos: refills the list as the setting AtualizarSaldo says, then the summary.
+    /// AtualizarListaBancos: refills the list as the setting AtualizarSaldo says, then the summary. Short work is
+    /// done on return, the rest goes on while the window answers. False, with a message, when it fails at once.
     bool refresh();
+    /// Follows a change of entries or movements without reading them all, or refreshes.
+    void follow(const Change &change);
+    bool isCommanding() const { return m_isCommanding; }
 
     QAction *addCommand, *editCommand, *removeCommand;
 
 Q_SIGNALS:
-    /// An account was removed.
-    void changed();
+    /// The balances are known.
+    void loaded();
 
 private:
     void makeCommands();
     void editSelected();
     void removeSelected();
     int selectedOrTell();
+    void show(std::vector<AccountBalance> balances);
 
     std::unique_ptr<Ui::AccountPane> m_ui;
     std::vector<AccountBalance> m_shown; ///< what the list shows
+    quint64 m_serial = 0;                ///< of the file that it was computed from
+    quint64 m_dataVersion = 0;
+    SlicedWork m_work; ///< computes balances
+    bool m_isCommanding = false;
 };

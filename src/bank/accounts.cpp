@@ -2,6 +2,7 @@
 
 #include "bank/movement.h"
 #include "data/formtext.h"
+#include "data/like.h"
 #include "data/recordset.h"
 #include "data/status.h"
 
@@ -18,12 +19,12 @@ QString byName(const QString &name)
 
 /// The sum of `valor` over the settled rows of a table that meet the condition, each amount rounded to cents
 /// first.
-Money settledSum(Connection &connection, const QString &table, const QString &condition)
+Sum settledSum(Connection &connection, const QString &table, const QString &condition)
 {
     Statement rows = connection.prepare(u"Select valor from "_s + table + u" WHERE estatus like ('"_s +
                                             status::settled.toString() + u"') AND "_s + condition,
                                         dialect::RowOrder::Any);
-    Money sum;
+    Sum sum;
     while (rows.step())
         sum += Money::stored(rows.utf8(0)).roundedToCents();
     return sum;
@@ -31,11 +32,11 @@ Money settledSum(Connection &connection, const QString &table, const QString &co
 
 /// What the settled movements add to the account. Kinds are told apart by their exact words, in which letter
 /// case counts.
-Money movementSum(Connection &connection, const QString &origin, const QString &destination)
+Sum movementSum(Connection &connection, const QString &origin, const QString &destination)
 {
     const QString settled = u"Select movimento, valor from bancario WHERE estatus like ('"_s +
                             status::settled.toString() + u"') AND "_s;
-    Money sum;
+    Sum sum;
     Statement leaving = connection.prepare(settled + origin, dialect::RowOrder::Any);
     while (leaving.step()) {
         const QString kind = leaving.text(0);
@@ -53,12 +54,65 @@ Money movementSum(Connection &connection, const QString &origin, const QString &
     return sum;
 }
 
+/// What one row adds to the balance of the account whose name `name` is.
+Sum contribution(Subject subject, const RowImage &row, const LikePattern &name)
+{
+    Sum sum;
+    if (!row.exists() || !textorder::equalFolded(row.text(u"estatus"), status::settled))
+        return sum;
+    const Sum value = Money::stored(QStringView(row.text(u"valor"))).roundedToCents();
+    const bool leaves = name.matches(row.text(u"origem"));
+    if (subject != Subject::Movements) {
+        if (leaves)
+            subject == Subject::Receivables ? sum += value : sum -= value;
+        return sum;
+    }
+    const QString kind = row.text(u"movimento");
+    if (leaves && kind == movement::deposit)
+        sum += value;
+    else if (leaves && (kind == movement::withdrawal || kind == movement::transfer))
+        sum -= value;
+    if (kind == movement::transfer && name.matches(row.text(u"destino")))
+        sum += value;
+    return sum;
+}
+
 QString openingText(const AccountForm &form)
 {
     return formtext::amount(u"Valor"_s, form.opening).grouped();
 }
 
 } // namespace
+
+BalanceLoad::BalanceLoad(std::shared_ptr<Connection> connection, bool recompute)
+    : m_connection(std::move(connection)), m_dataVersion(m_connection->dataVersion())
+{
+    for (Recordset rows(*m_connection, u"SELECT * FROM banco"_s); rows.next();)
+        m_balances.push_back({rows.text(u"banco"), rows.text(u"informacoes"),
+                              Money::stored(rows.utf8(rows.column(u"saldo"))), {}});
+    if (!recompute)
+        m_next = m_balances.size();
+}
+
+bool BalanceLoad::run(const QDeadlineTimer &until)
+{
+    while (m_next < m_balances.size()) {
+        AccountBalance &account = m_balances[m_next++];
+        const QString origin = u"origem like ('"_s + account.name + u"')"_s;
+        const QString destination = u"destino like ('"_s + account.name + u"')"_s;
+        account.moved -= settledSum(*m_connection, u"pagar"_s, origin);
+        account.moved += settledSum(*m_connection, u"receber"_s, origin);
+        account.moved += movementSum(*m_connection, origin, destination);
+        if (until.hasExpired())
+            break;
+    }
+    return m_next == m_balances.size();
+}
+
+quint64 BalanceLoad::serial() const
+{
+    return m_connection->serial();
+}
 
 namespace accounts {
 
@@ -69,33 +123,28 @@ BalanceMode balanceMode(const QString &setting)
     return setting == u"0" ? BalanceMode::OpeningOnly : BalanceMode::KeepList;
 }
 
-std::vector<AccountBalance> balances(Connection &connection, bool recompute, Progress *progress)
+std::vector<AccountBalance> balances(std::shared_ptr<Connection> connection, bool recompute)
 {
-    std::vector<AccountBalance> result;
-    Recordset accounts(connection, u"SELECT * FROM banco"_s);
-    if (progress)
-        progress->begin([&accounts] { return accounts.count(); });
-    while (accounts.next()) {
-        const Money opening = Money::stored(accounts.utf8(accounts.column(u"saldo")));
-        AccountBalance account{
-            accounts.text(u"banco"), accounts.text(u"informacoes"), opening.roundedToCents(), {}};
-        Money current = opening;
-        if (recompute) {
-            const QString origin = u"origem like ('"_s + account.name + u"')"_s;
-            const QString destination = u"destino like ('"_s + account.name + u"')"_s;
-            current -= settledSum(connection, u"pagar"_s, origin);
-            current += settledSum(connection, u"receber"_s, origin);
-            current += movementSum(connection, origin, destination);
-        }
-        account.current = current.roundedToCents();
-        result.push_back(std::move(account));
-        if (progress)
-            progress->advance(qint64(result.size()));
-    }
-    return result;
+    BalanceLoad load(std::move(connection), recompute);
+    load.run(QDeadlineTimer(QDeadlineTimer::Forever));
+    return load.takeBalances();
 }
 
-std::vector<Column> columns()
+bool follow(std::vector<AccountBalance> &balances, const Change &change)
+{
+    if (change.rows.empty())
+        return false;
+    for (AccountBalance &account : balances) {
+        const LikePattern name(account.name);
+        for (const RowChange &row : change.rows) {
+            account.moved -= contribution(change.subject, row.before, name);
+            account.moved += contribution(change.subject, row.after, name);
+        }
+    }
+    return true;
+}
+
+std::vector<ListColumn> columns()
 {
     return {{u"banco"_s, u"Banco/Caixa"_s, CellKind::Text, 220},
             {u"atual"_s, u"Saldo(atual)"_s, CellKind::Amount, 130},
@@ -108,8 +157,8 @@ RowStore rows(const std::vector<AccountBalance> &balances)
     RowStore store(4);
     for (const AccountBalance &account : balances) {
         const std::string name = account.name.toStdString(), notes = account.notes.toStdString();
-        const std::string current = account.current.inReais().toStdString();
-        const std::string opening = account.opening.inReais().toStdString();
+        const std::string current = account.current().inReais().toStdString();
+        const std::string opening = account.opening().inReais().toStdString();
         store.append({name, current, notes, opening});
     }
     return store;
@@ -117,20 +166,20 @@ RowStore rows(const std::vector<AccountBalance> &balances)
 
 QString summary(const std::vector<AccountBalance> &balances)
 {
-    Money current, opening, moved;
+    Sum current, opening, moved;
     QString text;
     for (const AccountBalance &account : balances) {
-        const Money movement = account.current - account.opening;
-        current += account.current;
-        opening += account.opening;
+        const Sum movement = account.current() - account.opening();
+        current += account.current();
+        opening += account.opening();
         moved += movement;
         text += u"Caixa/Banco: "_s + account.name + u"("_s + account.notes + u")"_s + newLine +
-                u"O saldo neste banco inicio com R$ "_s + account.opening.plain() + newLine +
-                u"O saldo atual é "_s + account.current.inReais() + newLine + u"Movimentação de "_s +
+                u"O saldo neste banco inicio com R$ "_s + account.opening().plain() + newLine +
+                u"O saldo atual é "_s + account.current().inReais() + newLine + u"Movimentação de "_s +
                 movement.inReais() + newLine + u"."_s + newLine;
     }
     text += u" > REFERÊNCIAS RÁPIDAS"_s + newLine + u"."_s + newLine;
-    const std::pair<QString, Money> blocks[] = {{u"Valor total em caixa/banco"_s, current},
+    const std::pair<QString, Sum> blocks[] = {{u"Valor total em caixa/banco"_s, current},
                                                 {u"Valor total de inicio em caixa/banco"_s, opening},
                                                 {u"Saldo total de movimentação "_s, moved}};
     for (const auto &[caption, total] : blocks)

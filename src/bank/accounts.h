@@ -1,11 +1,14 @@
 #pragma once
 
-#include "data/decimal.h"
-#include "data/progress.h"
+#include "data/changes.h"
+#include "data/sum.h"
+#include "lists/listcolumn.h"
 #include "lists/rowstore.h"
 
+#include <QDeadlineTimer>
 #include <QString>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -19,11 +22,15 @@ struct AccountForm
     QString notes;
 };
 
-/// One line of the account list. Amounts have two decimals.
+/// One line of the account list. What is shown has two decimals.
 struct AccountBalance
 {
     QString name, notes;
-    Money opening, current;
+    Sum exactOpening; ///< as it is stored
+    Sum moved;        ///< by settled entries and movements, in whole cents
+
+    Sum opening() const { return exactOpening.roundedToCents(); }
+    Sum current() const { return (exactOpening + moved).roundedToCents(); }
 };
 
 /// What the setting AtualizarSaldo asks of a refill of the account list.
@@ -33,16 +40,41 @@ enum class BalanceMode {
     KeepList     ///< the list is left as it is
 };
 
+/// Computes the balances of every account, in table order, in steps of one account.
+class BalanceLoad
+{
+public:
+    /// With `recompute` the current balance counts every settled payable, receivable and movement that names the
+    /// account; otherwise it is the opening balance. Throws Error.
+    BalanceLoad(std::shared_ptr<Connection> connection, bool recompute);
+
+    /// Works until every account is done (true) or the time is up. Throws Error.
+    bool run(const QDeadlineTimer &until);
+    qint64 accountsDone() const { return qint64(m_next); }
+    qint64 accounts() const { return qint64(m_balances.size()); }
+    std::vector<AccountBalance> takeBalances() { return std::move(m_balances); }
+    /// The file that was read, and the state that others had left it in.
+    quint64 serial() const;
+    quint64 dataVersion() const { return m_dataVersion; }
+
+private:
+    std::shared_ptr<Connection> m_connection;
+    quint64 m_dataVersion;
+    std::vector<AccountBalance> m_balances;
+    std::size_t m_next = 0;
+};
+
 namespace accounts {
 
 /// A number other than zero recomputes; exactly "0" shows opening balances; any other zero keeps the list.
 BalanceMode balanceMode(const QString &setting);
-/// Every account in table order. With `recompute` the current balance counts every settled payable,
-/// receivable and movement that names the account. `progress` (may be null) advances by one an account.
-/// Throws Error.
-std::vector<AccountBalance> balances(Connection &connection, bool recompute, Progress *progress);
+/// The balances of every account, computed at once. Throws Error.
+std::vector<AccountBalance> balances(std::shared_ptr<Connection> connection, bool recompute = true);
+/// Makes the balances follow a change of entries or movements; the outcome is that of computing them anew. False
+/// when that is what it takes: it is not known what the rows were.
+bool follow(std::vector<AccountBalance> &balances, const Change &change);
 
-std::vector<Column> columns();
+std::vector<ListColumn> columns();
 RowStore rows(const std::vector<AccountBalance> &balances);
 /// The cash summary: a paragraph an account, then the grand totals. Lines end in CR LF.
 QString summary(const std::vector<AccountBalance> &balances);

@@ -2,8 +2,6 @@
 
 #include "bank/movement.h"
 #include "data/dates.h"
-#include "data/recordset.h"
-#include "data/status.h"
 #include "lists/period.h"
 
 using namespace Qt::StringLiterals;
@@ -67,24 +65,41 @@ QString baseQuery(period::Choice choice, const QString &kind, QDate today)
     }
 }
 
-QString sumText(const MovementTotals::Kind &kind)
+period::Choice periodOf(const MovementFilter &filter)
+{
+    const period::Choice chosen = period::fromText(filter.period);
+    if (chosen != period::Choice::All)
+        return chosen;
+    if (filter.limit == u"1")
+        return period::Choice::ThisMonth;
+    return filter.limit == u"2" ? period::Choice::ThisYear : chosen;
+}
+
+QString sumText(const Figures::Part &kind)
 {
     return kind.sum.inReais() + u" ("_s + QString::number(kind.count) + u" cad.)"_s;
 }
 
 } // namespace
 
-void MovementTotals::add(QStringView kind, QStringView state, Money value)
+QStringList MovementTotals::columns() const
 {
-    const std::pair<QStringView, Kind &> kinds[] = {
-        {movement::deposit, deposits}, {movement::withdrawal, withdrawals}, {movement::transfer, transfers}};
-    for (const auto &[word, sum] : kinds) {
-        if (kind != word)
+    return {u"movimento"_s, u"valor"_s};
+}
+
+void MovementTotals::add(std::span<const std::string_view> values, int sign)
+{
+    static const std::string deposit = movement::deposit.toUtf8().toStdString();
+    static const std::string withdrawal = movement::withdrawal.toUtf8().toStdString();
+    static const std::string transfer = movement::transfer.toUtf8().toStdString();
+    const std::pair<std::string_view, Figures::Part &> kinds[] = {
+        {deposit, deposits}, {withdrawal, withdrawals}, {transfer, transfers}};
+    for (const auto &[word, part] : kinds) {
+        if (values[0] != word)
             continue;
-        sum.sum += value;
-        ++sum.count;
+        part.count += sign;
+        addSigned(part.sum, Money::stored(values[1]), sign);
     }
-    (state == status::pending ? pending : settled) += value;
 }
 
 QString MovementTotals::text() const
@@ -108,51 +123,35 @@ QStringList sortChoices()
     return texts;
 }
 
+QString shownPeriod(const MovementFilter &filter)
+{
+    return periodOf(filter) == period::Choice::All ? filter.period
+                                                   : period::choices().at(qsizetype(periodOf(filter)));
+}
+
 QString query(const MovementFilter &filter, QDate today)
 {
-    const QString base = baseQuery(period::fromText(filter.period), kindCondition(filter.kind), today);
+    const QString base = baseQuery(periodOf(filter), kindCondition(filter.kind), today);
     return base.trimmed() + u" order by "_s + sortColumn(filter.sortBy) +
            (filter.ascending ? u" ASC"_s : u" DESC"_s);
 }
 
-std::vector<Column> columns()
+std::vector<ListColumn> columns()
 {
-    return {
-        {u"id"_s, u"Código"_s, CellKind::Number, 0},
-        {u"data"_s, u"Data"_s, CellKind::Date},
-        {u"tipo"_s, u"Tipo de movimento"_s},
-        {u"origem"_s, u"Conta origem"_s},
-        {u"destino"_s, u"Conta destino"_s},
-        {u"valor"_s, u"Valor"_s, CellKind::Amount},
-        {u"estatus"_s, u"Estatus"_s},
-        {u"info"_s, u"Informações"_s},
+    const auto column = [](const QString &key, const QString &title, CellKind kind, const QString &width,
+                           const QString &source, CellFormat format = nullptr) {
+        return ListColumn{key, title, kind, key == u"id" ? 0 : 80, {source}, format, width};
     };
-}
-
-MovementList load(Connection &connection, const QString &query, Progress *progress)
-{
-    Recordset rows(connection, query);
-    MovementList list{RowStore(int(columns().size())), {}};
-    if (progress)
-        progress->begin([&rows] { return rows.count(); });
-    const int code = rows.column(u"código"), data = rows.column(u"data"), kind = rows.column(u"movimento"),
-              origin = rows.column(u"origem"), destination = rows.column(u"destino"),
-              value = rows.column(u"valor"), state = rows.column(u"estatus"),
-              notes = rows.column(u"informacoes");
-    std::string date, amountText;
-    while (rows.next()) {
-        const Money amount = Money::stored(rows.utf8(value));
-        date.clear();
-        dates::appendShown(rows.utf8(data), date);
-        amountText = "R$ ";
-        amount.appendGrouped(amountText);
-        list.rows.append({rows.utf8(code), date, rows.utf8(kind), rows.utf8(origin), rows.utf8(destination),
-                          amountText, rows.utf8(state), rows.utf8(notes)});
-        list.totals.add(rows.text(kind), rows.text(state), amount);
-        if (progress)
-            progress->advance(list.rows.rowCount());
-    }
-    return list;
+    return {
+        column(u"id"_s, u"Código"_s, CellKind::Number, u"0"_s, u"código"_s),
+        column(u"data"_s, u"Data"_s, CellKind::Date, u"1319,8111"_s, u"data"_s),
+        column(u"tipo"_s, u"Tipo de movimento"_s, CellKind::Text, u"2940,0948"_s, u"movimento"_s),
+        column(u"origem"_s, u"Conta origem"_s, CellKind::Text, u"2140,1575"_s, u"origem"_s),
+        column(u"destino"_s, u"Conta destino"_s, CellKind::Text, u"2140,1575"_s, u"destino"_s),
+        column(u"valor"_s, u"Valor"_s, CellKind::Amount, u"1339,6536"_s, u"valor"_s, cellformat::reais),
+        column(u"estatus"_s, u"Estatus"_s, CellKind::Text, u"1340,2206"_s, u"estatus"_s),
+        column(u"info"_s, u"Informações"_s, CellKind::Text, u"2839,7483"_s, u"informacoes"_s),
+    };
 }
 
 } // namespace movementlist

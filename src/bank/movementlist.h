@@ -1,13 +1,12 @@
 #pragma once
 
-#include "data/decimal.h"
-#include "data/progress.h"
-#include "lists/rowstore.h"
+#include "lists/figures.h"
+#include "lists/listcolumn.h"
 
 #include <QDate>
 #include <QStringList>
 
-class Connection;
+#include <vector>
 
 /// The choices of the movement list's filter boxes, as their texts; letter case is ignored.
 struct MovementFilter
@@ -16,27 +15,21 @@ struct MovementFilter
     QString period; ///< a choice of data/period.h
     QString sortBy; ///< a choice of sortChoices()
     bool ascending = true;
+    /// While the period is all: "1" limits the list to this month, "2" to this year.
+    QString limit = {};
 };
 
-struct MovementTotals
+/// The sums under the movement list, by kind; a kind that was typed otherwise belongs to none of the three.
+class MovementTotals : public RowTotals
 {
-    struct Kind
-    {
-        Money sum;
-        qint64 count = 0;
-    };
-    Kind deposits, withdrawals, transfers;
-    Money pending, settled; ///< all kinds together, by status
+public:
+    QStringList columns() const override;
+    void add(std::span<const std::string_view> values, int sign) override;
+    std::unique_ptr<RowTotals> clone() const override { return std::make_unique<MovementTotals>(*this); }
 
-    /// Counts one row; a kind that was typed otherwise belongs to none of the three.
-    void add(QStringView kind, QStringView state, Money value);
     QString text() const;
-};
 
-struct MovementList
-{
-    RowStore rows;
-    MovementTotals totals;
+    Figures::Part deposits, withdrawals, transfers;
 };
 
 namespace movementlist {
@@ -45,10 +38,10 @@ inline constexpr QStringView loadingTitle = u"Carregando movimento bancário";
 
 QStringList kindChoices();
 QStringList sortChoices();
+/// The period that the list shows, in words.
+QString shownPeriod(const MovementFilter &filter);
 /// The list's query, in the program's SQL dialect.
 QString query(const MovementFilter &filter, QDate today);
-std::vector<Column> columns();
-/// Reads all rows of `query`, a `SELECT *` on the movements. `progress` may be null. Throws Error.
-MovementList load(Connection &connection, const QString &query, Progress *progress);
+std::vector<ListColumn> columns();
 
 } // namespace movementlist

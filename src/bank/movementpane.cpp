@@ -2,43 +2,45 @@
 #include "ui_movementpane.h"
 
 #include "bank/frmmovimentobanc.h"
+#include "data/changes.h"
 #include "data/clock.h"
 #include "lists/period.h"
 #include "reports/listexportcommands.h"
 #include "settings/database.h"
-#include "settings/listlayout.h"
-#include "widgets/filterbox.h"
-#include "widgets/frmcarregando.h"
 #include "widgets/listcommand.h"
 #include "widgets/messages.h"
-#include "widgets/waittext.h"
+#include "widgets/settingmenu.h"
 
 #include <QAction>
-#include <QSignalBlocker>
+#include <QComboBox>
+#include <QRadioButton>
 
 using namespace Qt::StringLiterals;
 
-MovementPane::MovementPane(QWidget *parent) : QWidget(parent), m_ui(std::make_unique<Ui::MovementPane>())
+MovementPane::MovementPane(QWidget *parent)
+    : ListPane(parent), m_ui(std::make_unique<Ui::MovementPane>())
 {
     m_ui->setupUi(this);
-    makeCommands();
-    m_ui->lstmovimento->setColumns(movementlist::columns());
+    setUp(m_ui->lstmovimento, m_ui->lbltotalm,
+          new ListFeed(*m_ui->lstmovimento, movementlist::columns(), std::make_unique<MovementTotals>(),
+                       movementlist::loadingTitle.toString()));
     m_ui->lstmovimento->setEmptyText(u"Nenhum movimento bancário com estes filtros"_s);
-    m_ui->lbltotalm->setText(MovementTotals().text());
-    m_ui->cbotipom->addItems(movementlist::kindChoices());
-    m_ui->cbofiltrom->addItems(period::choices());
-    m_ui->cboorgm->addItems(movementlist::sortChoices());
-    for (QComboBox *box : {m_ui->cbotipom, m_ui->cbofiltrom, m_ui->cboorgm})
-        connect(box, &QComboBox::currentTextChanged, this, &MovementPane::filterChanged);
-    connect(m_ui->optascm, &QRadioButton::toggled, this, &MovementPane::filterChanged);
-    m_applied = filter();
+    makeFilters();
+    makeCommands();
+    makePeriodMenu();
 }
 
 MovementPane::~MovementPane() = default;
 
-ListView &MovementPane::list()
+void MovementPane::makeFilters()
 {
-    return *m_ui->lstmovimento;
+    m_ui->cbotipom->addItems(movementlist::kindChoices());
+    m_ui->cbofiltrom->addItems(period::choices());
+    m_ui->cboorgm->addItems(movementlist::sortChoices());
+    filters().add(m_ui->cbotipom, settings::movementKind);
+    filters().add(m_ui->cbofiltrom, settings::movementPeriod);
+    filters().add(m_ui->cboorgm, settings::movementSort);
+    filters().add(m_ui->optascm, m_ui->optdescm, settings::movementAscending);
 }
 
 void MovementPane::makeCommands()
@@ -54,8 +56,8 @@ void MovementPane::makeCommands()
         m_ui->comandos, *m_ui->lstmovimento, u"m"_s,
         [this] {
             return Report{.title = u"Movimento bancário"_s,
-                          .subtitle = m_applied.period,
-                          .filterText = m_applied.kind,
+                          .subtitle = movementlist::shownPeriod(filter()),
+                          .filterText = filter().kind,
                           .tables = {m_ui->lstmovimento->tableSource()},
                           .statistics = m_ui->lbltotalm->text()};
         },
@@ -65,6 +67,21 @@ void MovementPane::makeCommands()
     connect(removeCommand, &QAction::triggered, this, &MovementPane::removeSelected);
     connect(m_ui->lstmovimento, &ListView::rowActivated, editCommand, &QAction::trigger);
     connect(m_ui->lstmovimento, &ListView::removeRequested, removeCommand, &QAction::trigger);
+}
+
+void MovementPane::makePeriodMenu()
+{
+    settingmenu::add(m_ui->lstmovimento, settings::bankViewPeriod,
+                     {{u"popbanctodos"_s, u"&Sem limite"_s, u"0"_s},
+                      {u"popbancmes"_s, u"Limitar ao &mês atual"_s, u"1"_s},
+                      {u"popbancano"_s, u"Limitar ao &ano atual"_s, u"2"_s}});
+    connect(&Changes::instance(), &Changes::changed, this,
+            [this, limit = settings::value(settings::bankViewPeriod)](const Change &change) mutable {
+                if (change.subject == Subject::Settings &&
+                    std::exchange(limit, settings::value(settings::bankViewPeriod)) !=
+                        settings::value(settings::bankViewPeriod))
+                    reload();
+            });
 }
 
 int MovementPane::selectedOrTell()
@@ -77,7 +94,7 @@ void MovementPane::editSelected()
 {
     const int row = selectedOrTell();
     if (row >= 0)
-        frmmovimentobanc::openEdit(m_ui->lstmovimento->cell(row, 0).toLongLong(), window());
+        frmmovimentobanc::openEdit(feed().key(row), window());
 }
 
 void MovementPane::removeSelected()
@@ -88,9 +105,10 @@ void MovementPane::removeSelected()
         return;
     std::vector<qint64> codes;
     for (const int row : m_ui->lstmovimento->selectedRows())
-        codes.push_back(m_ui->lstmovimento->cell(row, 0).toLongLong());
-    if (messages::guarded(this, messages::removePrefix, [&] { movement::remove(*openDatabase(), codes); }))
-        Q_EMIT changed();
+        codes.push_back(feed().key(row));
+    const OwnCommand own(*this);
+    messages::guarded(this, messages::removePrefix,
+                      [&] { movement::remove(*openDatabase(feed().serial()), codes); });
 }
 
 MovementFilter MovementPane::filter() const
@@ -98,59 +116,16 @@ MovementFilter MovementPane::filter() const
     return {.kind = m_ui->cbotipom->currentText(),
             .period = m_ui->cbofiltrom->currentText(),
             .sortBy = m_ui->cboorgm->currentText(),
-            .ascending = m_ui->optascm->isChecked()};
+            .ascending = m_ui->optascm->isChecked(),
+            .limit = settings::value(settings::bankViewPeriod)};
 }
 
-void MovementPane::showFilter(const MovementFilter &filter)
+QString MovementPane::query() const
 {
-    filterbox::show(m_ui->cbotipom, filter.kind);
-    filterbox::show(m_ui->cbofiltrom, filter.period);
-    filterbox::show(m_ui->cboorgm, filter.sortBy);
-    const QSignalBlocker blocker(m_ui->optascm);
-    (filter.ascending ? m_ui->optascm : m_ui->optdescm)->setChecked(true);
+    return movementlist::query(filter(), programclock::today());
 }
 
-void MovementPane::restoreFilters()
+QString MovementPane::totalsText() const
 {
-    m_applied = {.kind = settings::value(settings::movementKind),
-                 .period = settings::value(settings::movementPeriod),
-                 .sortBy = settings::value(settings::movementSort),
-                 .ascending = settings::value(settings::movementAscending).toLower() == u"true"};
-    showFilter(m_applied);
-}
-
-void MovementPane::filterChanged()
-{
-    if (!reload()) {
-        showFilter(m_applied);
-        return;
-    }
-    m_applied = filter();
-    messages::guarded(this, messages::generalPrefix, [this] {
-        settings::setValue(settings::movementKind, m_applied.kind);
-        settings::setValue(settings::movementPeriod, m_applied.period);
-        settings::setValue(settings::movementSort, m_applied.sortBy);
-        settings::setValue(settings::movementAscending, m_applied.ascending ? u"true"_s : u"false"_s);
-    });
-}
-
-bool MovementPane::reload()
-{
-    return messages::guarded(this, messages::generalPrefix, [this] {
-        const QString query = movementlist::query(filter(), programclock::today());
-        WaitProgress progress(window(), movementlist::loadingTitle.toString(), listWaitText());
-        MovementList movements = movementlist::load(*openDatabase(), query, &progress);
-        m_ui->lstmovimento->setRows(std::move(movements.rows));
-        m_ui->lbltotalm->setText(movements.totals.text());
-    });
-}
-
-void MovementPane::restoreLayout()
-{
-    m_ui->lstmovimento->applyLayout(listlayout::load(listlayout::movements()));
-}
-
-void MovementPane::saveLayout()
-{
-    listlayout::save(listlayout::movements(), m_ui->lstmovimento->layout());
+    return static_cast<const MovementTotals &>(feed().totals()).text();
 }

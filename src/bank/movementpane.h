@@ -1,20 +1,18 @@
 #pragma once
 
 #include "bank/movementlist.h"
-
-#include <QWidget>
+#include "widgets/listpane.h"
 
 #include <memory>
 
 namespace Ui {
 class MovementPane;
 }
-class ListView;
 class QAction;
 
-/// The tab of bank movements: list, filter boxes, order, commands and totals line. Boxes and list behave as
-/// in EntryPane.
-class MovementPane : public QWidget
+/// The tab of bank movements: list, filter boxes, order, commands and totals line. The list's pop-up menu limits
+/// it to the month or the year while no period is chosen.
+class MovementPane : public ListPane
 {
     Q_OBJECT
 
@@ -22,28 +20,20 @@ public:
     explicit MovementPane(QWidget *parent = nullptr);
     ~MovementPane() override;
 
-    ListView &list();
-    void restoreFilters();
-    bool reload();
-    void restoreLayout();
-    /// Throws Error.
-    void saveLayout();
-
     QAction *addCommand, *editCommand, *removeCommand;
 
-Q_SIGNALS:
-    /// Movements of this pane were deleted.
-    void changed();
+protected:
+    QString query() const override;
+    QString totalsText() const override;
 
 private:
+    void makeFilters();
     void makeCommands();
+    void makePeriodMenu();
     int selectedOrTell();
     void editSelected();
     void removeSelected();
     MovementFilter filter() const;
-    void showFilter(const MovementFilter &filter);
-    void filterChanged();
 
     std::unique_ptr<Ui::MovementPane> m_ui;
-    MovementFilter m_applied;
 };

@@ -139,6 +139,24 @@ bool isAccessible(const QString &path, int mode)
     return faccessat(AT_FDCWD, QFile::encodeName(path).constData(), mode, AT_EACCESS) == 0;
 }
 
+/// The random bytes with which a database file begins; they are made with the file and stay. Read through the
+/// store's own handle: closing another one would let go of the locks that this process holds on the file.
+QByteArray saltOf(sqlite3 *database)
+{
+    constexpr int saltLength = 16;
+    QByteArray salt(saltLength, '\0');
+    sqlite3_file *file = nullptr;
+    if (sqlite3_file_control(database, "main", SQLITE_FCNTL_FILE_POINTER, &file) == SQLITE_OK && file &&
+        file->pMethods)
+        file->pMethods->xRead(file, salt.data(), saltLength, 0);
+    return salt;
+}
+
+qint64 modification(const struct stat &file)
+{
+    return qint64(file.st_mtim.tv_sec) * 1'000'000'000 + file.st_mtim.tv_nsec;
+}
+
 /// Refuses what the store would not open, or would open without being able to write, before it is touched.
 void checkFile(const QString &path)
 {
@@ -303,7 +321,10 @@ void Connection::openFile(const QString &password)
     if (stat(name.constData(), &file) == 0) {
         m_device = file.st_dev;
         m_inode = file.st_ino;
+        m_modified = modification(file);
+        m_size = file.st_size;
     }
+    m_salt = saltOf(m_database);
     setBusyTimeout(defaultBusyTimeout);
     const QByteArray key = password.toUtf8();
     sqlite3_key(m_database, key.constData(), int(key.size()));
@@ -362,8 +383,17 @@ void Connection::checkUsable()
 bool Connection::isCurrent() const
 {
     struct stat file = {};
-    return stat(QFile::encodeName(m_path).constData(), &file) == 0 && file.st_dev == m_device &&
-           file.st_ino == m_inode;
+    if (stat(QFile::encodeName(m_path).constData(), &file) != 0 || file.st_dev != m_device ||
+        file.st_ino != m_inode)
+        return false;
+    const qint64 modified = modification(file);
+    if (modified == m_modified && file.st_size == m_size)
+        return true;
+    if (saltOf(m_database) != m_salt)
+        return false;
+    m_modified = modified;
+    m_size = file.st_size;
+    return true;
 }
 
 int Connection::execute(const QString &sql)
@@ -398,6 +428,13 @@ void Connection::executeNative(const QByteArray &sql)
         throw lastError(m_database);
 }
 
+quint64 Connection::dataVersion()
+{
+    Statement version = prepareNative("PRAGMA data_version");
+    version.step();
+    return quint64(version.integer(0));
+}
+
 bool Connection::inTransaction() const
 {
     return sqlite3_get_autocommit(m_database) == 0;
@@ -406,6 +443,11 @@ bool Connection::inTransaction() const
 qint64 Connection::lastInsertedRow() const
 {
     return sqlite3_last_insert_rowid(m_database);
+}
+
+void Connection::setDefaultBusyTimeout()
+{
+    setBusyTimeout(defaultBusyTimeout);
 }
 
 void Connection::setBusyTimeout(int milliseconds)

@@ -67,7 +67,7 @@ public:
     QString path() const { return m_path; }
     /// Different for every file opened in this run: what was read through one serial is void under another.
     quint64 serial() const { return m_serial; }
-    /// True while the path still leads to the file that was opened.
+    /// True while the path still leads to the file that was opened, and no other database was copied over it.
     bool isCurrent() const;
 
     /// Runs one statement and returns how many rows it changed.
@@ -79,10 +79,13 @@ public:
     /// Runs any number of statements of the store's own dialect.
     void executeNative(const QByteArray &sql);
 
+    /// Another number whenever another connection or process has committed a change.
+    quint64 dataVersion();
     bool inTransaction() const;
     qint64 lastInsertedRow() const;
     /// How long a write waits for another process before it gives up; 10 s unless set.
     void setBusyTimeout(int milliseconds);
+    void setDefaultBusyTimeout();
 
 private:
     explicit Connection(QString path);
@@ -95,6 +98,9 @@ private:
     sqlite3 *m_database = nullptr;
     quint64 m_device = 0;
     quint64 m_inode = 0;
+    QByteArray m_salt;             ///< of the file: another one is another database, also under the same name
+    mutable qint64 m_modified = 0; ///< nanoseconds, when the salt was last looked at
+    mutable qint64 m_size = 0;
 };
 
 /// Takes the write lock at once and rolls back unless commit() was reached. What was noted is announced after

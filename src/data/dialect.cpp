@@ -4,6 +4,7 @@
 #include "data/error.h"
 #include "data/like.h"
 
+#include <QRegularExpression>
 #include <QStringList>
 
 #include <algorithm>
@@ -36,10 +37,22 @@ bool isAmountColumn(QStringView name)
     return isOneOf(name, {u"valor", u"saldo", u"custo", u"qtde"});
 }
 
+bool isDateColumn(QStringView name)
+{
+    return isOneOf(name, {u"data", u"vencimento", u"nascimento"});
+}
+
 /// Columns whose stored order is the order wanted.
 bool isOrderedAsStored(QStringView name)
 {
-    return isKeyColumn(name) || isOneOf(name, {u"data", u"vencimento", u"nascimento", u"hora", u"index"});
+    return isKeyColumn(name) || isOneOf(name, {u"hora", u"index"});
+}
+
+/// Columns of the large tables that have an index of their own.
+bool isIndexed(QStringView table, QStringView column)
+{
+    return isOneOf(table, {u"pagar", u"receber"}) &&
+           isOneOf(column, {u"origem", u"descricao", table == u"pagar" ? u"fornecedor" : u"cliente"});
 }
 
 QString quoted(const QString &text)
@@ -83,6 +96,56 @@ std::optional<QString> indexedCondition(const QString &column, bool isKey, const
     return (negated ? u"NOT IN ("_s : u"IN ("_s) + texts.join(u", ") + u')';
 }
 
+/// A comparison of the date that a column means.
+struct DateCondition
+{
+    QString operand, condition;
+};
+
+/// "2026/11/23" for a date in either stored form; empty for any other text.
+QString dateIn(const QString &text)
+{
+    static const QRegularExpression yearFirst(uR"(^\d{4}/[01]\d/[0-3]\d$)"_s);
+    static const QRegularExpression dayFirst(uR"(^([0-3]\d)/([01]\d)/(\d{4})$)"_s);
+    if (yearFirst.match(text).hasMatch())
+        return text;
+    const QRegularExpressionMatch match = dayFirst.match(text);
+    return match.hasMatch() ? match.captured(3) + u'/' + match.captured(2) + u'/' + match.captured(1)
+                            : QString();
+}
+
+/// `column like 'pattern'` for a date column; nothing for a pattern that is not made of a date's characters.
+std::optional<DateCondition> dateCondition(const QString &column, const QString &pattern, bool negated)
+{
+    static const QRegularExpression ofDate(uR"(^[\d/%_]+$)"_s);
+    static const QRegularExpression yearOrMonth(uR"(^%?(\d{4}/(\d\d/)?)%$)"_s);
+    static const QRegularExpression anyYearsMonth(uR"(^%/(\d\d)/%$)"_s);
+    if (LikePattern(pattern).matchesEverything() || !ofDate.match(pattern).hasMatch())
+        return std::nullopt;
+    const QString expression = dateExpression(column);
+    const QString not_ = negated ? u"NOT "_s : QString();
+    if (const QString date = dateIn(pattern); !date.isEmpty())
+        return DateCondition{expression, (negated ? u"<> "_s : u"= "_s) + quoted(date)};
+    if (const auto match = yearOrMonth.match(pattern); match.hasMatch()) {
+        const QString first = match.captured(1);
+        return DateCondition{expression,
+                             not_ + u"BETWEEN "_s + quoted(first) + u" AND "_s + quoted(first + u"99/99"_s)};
+    }
+    if (const auto match = anyYearsMonth.match(pattern); match.hasMatch())
+        return DateCondition{u"substr("_s + expression + u", 6, 2)"_s,
+                             (negated ? u"<> "_s : u"= "_s) + quoted(match.captured(1))};
+    return DateCondition{expression, not_ + u"LIKE "_s + quoted(pattern)};
+}
+
+/// The different values of an indexed column, one step of the index each, however many rows have them.
+QString steppedValues(const QString &table, const QString &column)
+{
+    return u"WITH RECURSIVE step(%2) AS (SELECT min(%2) FROM %1 UNION ALL "
+           "SELECT (SELECT min(%2) FROM %1 WHERE %2 > step.%2) FROM step WHERE step.%2 IS NOT NULL) "
+           "SELECT %2 FROM step WHERE %2 IS NOT NULL "
+           "UNION ALL SELECT NULL WHERE EXISTS (SELECT 1 FROM %1 WHERE %2 IS NULL)"_s.arg(table, column);
+}
+
 class Translator
 {
 public:
@@ -95,6 +158,7 @@ public:
     Translation run(RowKey rowKey, RowOrder rowOrder)
     {
         rewriteLikes();
+        rewriteDateComparisons();
         if (m_tokens.front().is(u"select"))
             return select(rowKey, rowOrder);
         if (m_tokens.front().is(u"delete") && m_tokens.size() > 1 && m_tokens[1].isSymbol(u'*'))
@@ -109,6 +173,12 @@ private:
     {
         QString text; ///< as written, with its table if that is named
         QString name; ///< folded
+    };
+
+    struct Operand
+    {
+        Column column;
+        std::size_t begin, end; ///< its tokens
     };
 
     struct Pattern
@@ -163,7 +233,11 @@ private:
     }
 
     void rewriteLikes();
-    std::optional<Column> likeOperand(std::size_t end) const;
+    std::optional<Operand> likeOperand(std::size_t end) const;
+    void rewriteDateComparisons();
+    bool rewriteBetween(std::size_t column);
+    void rewriteComparison(std::size_t column);
+    void replace(std::size_t begin, std::size_t end, const QString &text);
     std::optional<Pattern> likePattern(std::size_t begin) const;
     void keepFourDecimals();
 
@@ -171,8 +245,9 @@ private:
     QString singleTable(const Clauses &at) const;
     bool aggregates(const Clauses &at) const;
     Translation select(RowKey rowKey, RowOrder rowOrder) const;
-    QString orderTerm(std::size_t begin, std::size_t end, bool compound) const;
-    QStringList orderTerms(const Clauses &at) const;
+    OrderTerm orderTerm(std::size_t begin, std::size_t end, bool compound) const;
+    std::vector<OrderTerm> orderTerms(const Clauses &at) const;
+    QStringList orderTexts(const Clauses &at) const;
     QString distinctRows(const Clauses &at) const;
     QString distinctValues(const Clauses &at, const Column &column) const;
 
@@ -186,12 +261,19 @@ void Translator::rewriteLikes()
             continue;
         const bool negated = m_tokens[i - 1].is(u"not");
         const std::size_t begin = negated ? i - 1 : i;
-        const std::optional<Column> operand = likeOperand(begin);
+        const std::optional<Operand> operand = likeOperand(begin);
         const std::optional<Pattern> pattern = likePattern(i + 1);
         if (!operand || !pattern)
             continue;
-        const std::optional<QString> condition =
-            indexedCondition(operand->text, isKeyColumn(operand->name), pattern->text, negated);
+        const auto &[text, name] = operand->column;
+        std::optional<QString> condition;
+        if (const auto ofDate =
+                isDateColumn(name) ? dateCondition(text, pattern->text, negated) : std::nullopt) {
+            replace(operand->begin, operand->end, ofDate->operand);
+            condition = ofDate->condition;
+        } else {
+            condition = indexedCondition(text, isKeyColumn(name), pattern->text, negated);
+        }
         if (!condition)
             continue;
         m_tokens[begin] = {Token::Kind::Symbol, u" "_s, *condition, {}, m_tokens[i].depth};
@@ -201,7 +283,7 @@ void Translator::rewriteLikes()
 }
 
 /// The column, in parentheses or not, that stands before `end` and is the whole left side of the comparison.
-std::optional<Translator::Column> Translator::likeOperand(std::size_t end) const
+std::optional<Translator::Operand> Translator::likeOperand(std::size_t end) const
 {
     int parentheses = 0;
     for (; end > 0 && m_tokens[end - 1].isSymbol(u')'); --end)
@@ -210,6 +292,7 @@ std::optional<Translator::Column> Translator::likeOperand(std::size_t end) const
         return std::nullopt;
     std::size_t begin = end > 2 && m_tokens[end - 2].isSymbol(u'.') ? end - 3 : end - 1;
     const std::optional<Column> found = column(begin, end);
+    const Operand operand{found.value_or(Column()), begin, end};
     for (; parentheses > 0; --parentheses, --begin) {
         if (begin == 0 || !m_tokens[begin - 1].isSymbol(u'('))
             return std::nullopt;
@@ -220,7 +303,7 @@ std::optional<Translator::Column> Translator::likeOperand(std::size_t end) const
     const bool whole =
         before.isSymbol(u'(') || before.isSymbol(u',') ||
         isOneOf(before, {u"where", u"and", u"or", u"not", u"on", u"having", u"when", u"select"});
-    return whole ? found : std::nullopt;
+    return whole ? std::optional(operand) : std::nullopt;
 }
 
 /// The literal, in parentheses or not, that begins at `begin` and is the whole right side of the comparison.
@@ -247,6 +330,57 @@ std::optional<Translator::Pattern> Translator::likePattern(std::size_t begin) co
         after.isSymbol(u')') || after.isSymbol(u',') ||
         isOneOf(after, {u"and", u"or", u"order", u"group", u"having", u"limit", u"union", u"then"});
     return whole ? std::optional(pattern) : std::nullopt;
+}
+
+/// Lets the first of some tokens say it all.
+void Translator::replace(std::size_t begin, std::size_t end, const QString &text)
+{
+    m_tokens[begin].text = text;
+    for (std::size_t i = begin + 1; i < end; ++i)
+        m_tokens[i].text.clear();
+}
+
+/// What an UPDATE sets stays as it is; conditions compare dates.
+void Translator::rewriteDateComparisons()
+{
+    const auto isWhere = [](const Token &token) { return token.is(u"where"); };
+    const auto where = std::find_if(m_tokens.begin(), m_tokens.end(), isWhere);
+    for (std::size_t i = std::size_t(where - m_tokens.begin()); i + 2 < m_tokens.size(); ++i) {
+        const Token &token = m_tokens[i];
+        if (token.isName() && isDateColumn(token.value) && token.text.size() <= token.value.size() + 2 &&
+            !m_tokens[i - 1].isSymbol(u'.') && !rewriteBetween(i))
+            rewriteComparison(i);
+    }
+}
+
+bool Translator::rewriteBetween(std::size_t column)
+{
+    std::size_t at = column + 1;
+    if (m_tokens[at].is(u"not"))
+        ++at;
+    if (at + 3 >= m_tokens.size() || !m_tokens[at].is(u"between") || !m_tokens[at + 2].is(u"and"))
+        return false;
+    const QString first = dateIn(m_tokens[at + 1].value), last = dateIn(m_tokens[at + 3].value);
+    if (first.isEmpty() || last.isEmpty())
+        return true;
+    m_tokens[column].text = dateExpression(m_tokens[column].text);
+    m_tokens[at + 1].text = quoted(first);
+    m_tokens[at + 3].text = quoted(last);
+    return true;
+}
+
+void Translator::rewriteComparison(std::size_t column)
+{
+    std::size_t at = column + 1;
+    while (at < m_tokens.size() && m_tokens[at].kind == Token::Kind::Symbol &&
+           u"<>=!"_s.contains(m_tokens[at].text))
+        ++at;
+    if (at == column + 1 || at == m_tokens.size() || m_tokens[at].kind != Token::Kind::Text)
+        return;
+    if (const QString date = dateIn(m_tokens[at].value); !date.isEmpty()) {
+        m_tokens[column].text = dateExpression(m_tokens[column].text);
+        m_tokens[at].text = quoted(date);
+    }
 }
 
 /// `SET a = a + 0.1` adds binary fractions; rounding what comes out keeps the decimal number exact.
@@ -306,29 +440,42 @@ bool Translator::aggregates(const Clauses &at) const
     return false;
 }
 
-QString Translator::orderTerm(std::size_t begin, std::size_t end, bool compound) const
+OrderTerm Translator::orderTerm(std::size_t begin, std::size_t end, bool compound) const
 {
     const bool directed = end > begin && isOneOf(m_tokens[end - 1], {u"asc", u"desc"});
+    const bool descending = directed && m_tokens[end - 1].is(u"desc");
     const std::size_t nameEnd = directed ? end - 1 : end;
     const std::optional<Column> term = column(begin, nameEnd);
-    const QString direction = join(nameEnd, end);
+    const QString text = join(begin, nameEnd).trimmed();
     if (!term || isOrderedAsStored(term->name))
-        return join(begin, end).trimmed();
-    if (!isAmountColumn(term->name))
-        return u"%1 COLLATE %2"_s.arg(term->text, QLatin1StringView(nameOrder)) + direction;
-    if (compound) // the store takes no expression there
-        return term->text + direction;
-    return u"%1(%2)"_s.arg(QLatin1StringView(amountFunction), term->text) + direction;
+        return {text, descending, OrderTerm::Kind::Plain};
+    const bool isDate = isDateColumn(term->name);
+    if (compound && (isDate || isAmountColumn(term->name))) // the store takes no expression there
+        return {text, descending, OrderTerm::Kind::Plain};
+    if (isDate)
+        return {dateExpression(text), descending, OrderTerm::Kind::Date};
+    if (isAmountColumn(term->name))
+        return {u"%1(%2)"_s.arg(QLatin1StringView(amountFunction), text), descending,
+                OrderTerm::Kind::Amount};
+    return {u"%1 COLLATE %2"_s.arg(text, QLatin1StringView(nameOrder)), descending, OrderTerm::Kind::Name};
 }
 
-QStringList Translator::orderTerms(const Clauses &at) const
+std::vector<OrderTerm> Translator::orderTerms(const Clauses &at) const
 {
-    QStringList terms;
+    std::vector<OrderTerm> terms;
     if (at.order + 2 < at.limit) {
         for (const auto &[begin, end] : split(at.order + 2, at.limit))
-            terms << orderTerm(begin, end, at.compound);
+            terms.push_back(orderTerm(begin, end, at.compound));
     }
     return terms;
+}
+
+QStringList Translator::orderTexts(const Clauses &at) const
+{
+    QStringList texts;
+    for (const OrderTerm &term : orderTerms(at))
+        texts << (term.descending ? term.expression + u" DESC"_s : term.expression);
+    return texts;
 }
 
 Translation Translator::select(RowKey rowKey, RowOrder rowOrder) const
@@ -343,7 +490,7 @@ Translation Translator::select(RowKey rowKey, RowOrder rowOrder) const
             return {rows, counted(rows), {}, true};
     }
 
-    QStringList terms = orderTerms(at);
+    QStringList terms = orderTexts(at);
     const bool plainRows = !table.isEmpty() && !at.distinct && !grouped;
     if (plainRows && rowOrder == RowOrder::Insertion)
         terms << u"rowid"_s;
@@ -355,7 +502,9 @@ Translation Translator::select(RowKey rowKey, RowOrder rowOrder) const
         sql += u" ORDER BY "_s + terms.join(u", ");
     sql += join(at.limit, at.end);
     const bool countable = plainRows && at.limit == at.end;
-    return {sql, countable ? u"SELECT count(*)"_s + body : counted(sql), wholeRows ? table : QString(), true};
+    const std::size_t where = find({u"where"}, at.from, at.group);
+    return {sql,  countable ? u"SELECT count(*)"_s + body : counted(sql),   wholeRows ? table : QString(),
+            true, where < at.group ? join(where + 1, at.group) : QString(), orderTerms(at)};
 }
 
 /// DISTINCT over plain columns of one table; empty when the statement is of another form. Values that differ
@@ -373,7 +522,7 @@ QString Translator::distinctRows(const Clauses &at) const
     }
     if (columns.size() == 1)
         return distinctValues(at, columns.front());
-    const QStringList terms = orderTerms(at) << u"min(rowid)"_s;
+    const QStringList terms = orderTexts(at) << u"min(rowid)"_s;
     return u"SELECT"_s + join(at.list, at.order) + u" GROUP BY "_s + names.join(u", ") + u" ORDER BY "_s +
            terms.join(u", ") + join(at.limit, at.end);
 }
@@ -385,6 +534,10 @@ QString Translator::distinctValues(const Clauses &at, const Column &column) cons
     const QString limit = join(at.limit, at.end);
     const QString name = u'[' + column.name + u']';
     const QString folded = u"%1(%2)"_s.arg(QLatin1StringView(foldedFunction), name);
+    const QString table = singleTable(at);
+    const bool everyRow = find({u"where"}, at.from, at.order) == at.order;
+    const bool steps = everyRow && column.text.size() <= column.name.size() + 2 &&
+                       isIndexed(textorder::folded(table), column.name);
     if (at.order == at.limit)
         return u"SELECT %1 FROM (SELECT %2, min(rowid) AS first_row%3 GROUP BY %2) GROUP BY %4 ORDER BY min(first_row)"_s
                    .arg(name, column.text, source, folded) +
@@ -393,12 +546,20 @@ QString Translator::distinctValues(const Clauses &at, const Column &column) cons
         if (m_tokens[i].value != column.name && !isOneOf(m_tokens[i], {u"asc", u"desc"}))
             return {};
     }
-    return u"SELECT %1 FROM (SELECT DISTINCT %2%3) GROUP BY %4 ORDER BY %5"_s.arg(
-               name, column.text, source, folded, orderTerms(at).join(u", ")) +
+    const QString values = steps ? steppedValues(table, name) : u"SELECT DISTINCT "_s + column.text + source;
+    return u"SELECT %1 FROM (%2) GROUP BY %3 ORDER BY %4"_s.arg(name, values, folded,
+                                                                orderTexts(at).join(u", ")) +
            limit;
 }
 
 } // namespace
+
+QString dateExpression(const QString &column)
+{
+    return u"CASE WHEN %1 GLOB '[0-9][0-9][0-9][0-9]/[01][0-9]/[0-3][0-9]' THEN %1 "
+           "WHEN %1 GLOB '[0-3][0-9]/[01][0-9]/[0-9][0-9][0-9][0-9]' "
+           "THEN substr(%1, 7) || substr(%1, 3, 4) || substr(%1, 1, 2) END"_s.arg(column);
+}
 
 Translation translate(QStringView sql, RowKey rowKey, RowOrder rowOrder)
 {

@@ -4,6 +4,10 @@
 
 #include <QFile>
 
+#include <algorithm>
+#include <utility>
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -90,21 +94,62 @@ CREATE TABLE CamposEtiqueta (
     Formato TEXT COLLATE NOCASE);
 )";
 
-// The first of each entry table and those of bancario hold all that an account's balance is computed from.
-constexpr char indexes[] = R"(
-CREATE INDEX pagar_saldo ON pagar (origem, estatus, valor);
-CREATE INDEX pagar_fornecedor ON pagar (fornecedor);
-CREATE INDEX pagar_descricao ON pagar (descricao);
-CREATE INDEX receber_saldo ON receber (origem, estatus, valor);
-CREATE INDEX receber_cliente ON receber (cliente);
-CREATE INDEX receber_descricao ON receber (descricao);
-CREATE INDEX bancario_saldo ON bancario (origem, estatus, movimento, valor);
-CREATE INDEX bancario_destino ON bancario (destino, estatus, movimento, valor);
-CREATE INDEX banco_banco ON banco (banco);
-CREATE INDEX cliente_nome ON cliente (nome);
-CREATE INDEX fornecedor_nome ON fornecedor (nome);
-CREATE INDEX produto_produto ON produto (produto);
-)";
+struct Index
+{
+    QString name, table, columns;
+};
+
+/// Lists read their keys and sums from an index alone, and so do balances: beside what they are found and
+/// ordered by, the indexes hold what is added up. `date()` stands for the date that a column means; the
+/// column itself must be there as well for an index to be enough.
+std::vector<Index> indexes()
+{
+    const auto date = [](QStringView column) { return dialect::dateExpression(column.toString()); };
+    std::vector<Index> all;
+    for (const auto &[table, contact] :
+         {std::pair(u"pagar"_s, u"fornecedor"_s), {u"receber"_s, u"cliente"_s}}) {
+        for (const QString &column : {u"vencimento"_s, u"data"_s})
+            all.push_back({table + u"_por_"_s + column, table,
+                           date(column) + u", código, "_s + column + u", estatus, valor, qtde"_s});
+        for (const QString &column : {u"origem"_s, contact, u"descricao"_s})
+            all.push_back(
+                {table + u"_por_"_s + column, table, column + u", estatus, valor, qtde, data, vencimento"_s});
+    }
+    all.push_back({u"receber_por_codigo"_s, u"receber"_s, u"código, estatus, valor, qtde"_s});
+    all.push_back({u"bancario_por_data"_s, u"bancario"_s,
+                   date(u"data") + u", código, data, movimento, estatus, valor"_s});
+    for (const QString &column : {u"origem"_s, u"destino"_s})
+        all.push_back(
+            {u"bancario_por_"_s + column, u"bancario"_s, column + u", estatus, movimento, valor, data"_s});
+    for (const auto &[table, column] : {std::pair(u"banco"_s, u"banco"_s),
+                                        {u"cliente"_s, u"nome"_s},
+                                        {u"fornecedor"_s, u"nome"_s},
+                                        {u"produto"_s, u"produto"_s}})
+        all.push_back({table + u'_' + column, table, column});
+    return all;
+}
+
+/// Of files made by an earlier version: others serve in their place.
+const QStringList formerIndexes{u"pagar_saldo"_s,    u"pagar_fornecedor"_s, u"pagar_descricao"_s,
+                                u"receber_saldo"_s,  u"receber_cliente"_s,  u"receber_descricao"_s,
+                                u"bancario_saldo"_s, u"bancario_destino"_s};
+
+QStringList indexNames(Connection &connection)
+{
+    QStringList names;
+    for (Statement found = connection.prepareNative("SELECT name FROM sqlite_master WHERE type = 'index'");
+         found.step();)
+        names << found.text(0);
+    return names;
+}
+
+void createIndexes(Connection &connection, const QStringList &existing)
+{
+    for (const Index &index : indexes())
+        if (!existing.contains(index.name))
+            connection.executeNative(
+                u"CREATE INDEX %1 ON %2 (%3)"_s.arg(index.name, index.table, index.columns).toUtf8());
+}
 
 constexpr char firstRows[] = R"(
 INSERT INTO login_inicia VALUES ('0');
@@ -130,7 +175,8 @@ void createFile(const QString &path)
     std::unique_ptr<Connection> connection = Connection::create(path, password.toString());
     try {
         Transaction transaction(*connection);
-        connection->executeNative(tables().toUtf8() + indexes + firstRows);
+        connection->executeNative(tables().toUtf8() + firstRows);
+        createIndexes(*connection, {});
         transaction.commit();
     } catch (const Error &) {
         connection.reset();
@@ -148,6 +194,28 @@ bool isComplete(Connection &connection)
         "'fpagamento', 'login', 'login_inicia', 'camposetiqueta')");
     found.step();
     return found.integer(0) == 14;
+}
+
+bool upgrade(Connection &connection)
+{
+    const QStringList existing = indexNames(connection);
+    const std::vector<Index> wanted = indexes();
+    const auto has = [&existing](const QString &name) { return existing.contains(name); };
+    if (std::ranges::all_of(wanted, has, &Index::name) && std::ranges::none_of(formerIndexes, has))
+        return true;
+    try {
+        connection.setBusyTimeout(0);
+        Transaction transaction(connection);
+        for (const QString &name : formerIndexes)
+            connection.executeNative(u"DROP INDEX IF EXISTS "_s.toUtf8() + name.toUtf8());
+        createIndexes(connection, existing);
+        transaction.commit();
+        connection.setDefaultBusyTimeout();
+        return true;
+    } catch (const Error &) {
+        connection.setDefaultBusyTimeout();
+        return false;
+    }
 }
 
 } // namespace schema

@@ -13,6 +13,7 @@ std::shared_ptr<Connection> SharedConnection::open(const QString &path)
     if (!schema::isComplete(*fresh))
         throw Error(Error::Kind::Open,
                     u"O arquivo \"%1\" é um banco de dados, mas não tem as tabelas do Tavaro."_s.arg(path));
+    schema::upgrade(*fresh);
     m_connection = std::move(fresh);
     return m_connection;
 }

@@ -2,10 +2,14 @@
 
 #include <QStringList>
 
+#include <string_view>
+
 /// The words of the column `estatus`.
 namespace status {
 
 inline constexpr QStringView pending = u"Pendente";
+/// The same as the store has it.
+inline constexpr std::string_view pendingUtf8 = "Pendente";
 inline constexpr QStringView settled = u"Concluído";
 
 /// The words as a status box offers them.

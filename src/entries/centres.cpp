@@ -142,7 +142,7 @@ QString totalsText(const CentreSide &side, const CentreSums &total)
     return totals(side, total).join(u" - "_s);
 }
 
-std::vector<Column> columns(const CentreSide &side)
+std::vector<ListColumn> columns(const CentreSide &side)
 {
     return {{u"nome"_s, side.caption, CellKind::Text, 220},
             {u"pendentes"_s, u"Pendentes"_s, CellKind::Text, 140},

@@ -2,6 +2,7 @@
 
 #include "data/decimal.h"
 #include "entries/centreside.h"
+#include "lists/listcolumn.h"
 #include "lists/rowstore.h"
 #include "reports/report.h"
 
@@ -47,7 +48,7 @@ CentreSums total(const std::vector<CentreLine> &lines);
 /// The line under the summary list.
 QString totalsText(const CentreSide &side, const CentreSums &total);
 
-std::vector<Column> columns(const CentreSide &side);
+std::vector<ListColumn> columns(const CentreSide &side);
 RowStore rows(const std::vector<CentreLine> &lines);
 /// The summary as it is saved and printed: a paragraph with labels for each centre, then the totals.
 Report report(const CentreSide &side, const std::vector<CentreLine> &lines);

@@ -135,7 +135,7 @@ QString heading(const ContactSide &side, const ContactFilter &filter)
                                  : u"Filtrando dados por "_s + filter.field + u" - "_s + filter.text;
 }
 
-std::vector<Column> columns(const ContactSide &side)
+std::vector<ListColumn> columns(const ContactSide &side)
 {
     return {{u"código"_s, u"Código"_s, CellKind::Number, 0},
             {u"nome"_s, side.nameTitle, CellKind::Text, 220},
@@ -156,16 +156,16 @@ std::vector<Column> columns(const ContactSide &side)
 
 int emailColumn(const ContactSide &side)
 {
-    const std::vector<Column> all = columns(side);
-    return int(std::ranges::find(all, u"email"_s, &Column::key) - all.begin());
+    const std::vector<ListColumn> all = columns(side);
+    return int(std::ranges::find(all, u"email"_s, &ListColumn::key) - all.begin());
 }
 
 RowStore rows(Connection &connection, const ContactSide &side, const QString &query, Progress *progress)
 {
     Recordset contacts(connection, query);
-    const std::vector<Column> shown = columns(side);
+    const std::vector<ListColumn> shown = columns(side);
     std::vector<int> sources;
-    for (const Column &column : shown)
+    for (const ListColumn &column : shown)
         sources.push_back(contacts.column(column.key));
     RowStore store(int(shown.size()));
     if (progress)

@@ -2,6 +2,7 @@
 
 #include "data/progress.h"
 #include "entries/contactside.h"
+#include "lists/listcolumn.h"
 #include "lists/rowstore.h"
 
 #include <QStringList>
@@ -46,7 +47,7 @@ QString query(const ContactSide &side, const ContactFilter &filter);
 QString heading(const ContactSide &side, const ContactFilter &filter);
 
 /// The row key first. `emailColumn` is the column of the e-mail address.
-std::vector<Column> columns(const ContactSide &side);
+std::vector<ListColumn> columns(const ContactSide &side);
 int emailColumn(const ContactSide &side);
 /// Reads all rows of `query`, a `SELECT *` on the side's table. `progress` may be null. Throws Error.
 RowStore rows(Connection &connection, const ContactSide &side, const QString &query, Progress *progress);

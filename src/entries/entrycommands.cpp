@@ -39,7 +39,7 @@ void EntryCommands::edit()
 {
     const int row = selectedOrTell();
     if (row >= 0)
-        frmAdicionar::openEdit(m_pane.side(), entry::plainCode(m_pane.list().cell(row, 0)), m_pane.window());
+        frmAdicionar::openEdit(m_pane.side(), QString::number(m_pane.feed().key(row)), m_pane.window());
 }
 
 std::optional<EntryRemoval> EntryCommands::removalOf(int row)
@@ -50,7 +50,7 @@ std::optional<EntryRemoval> EntryCommands::removalOf(int row)
     const auto stockCell = [&](QStringView key) {
         return m_stockPane.list().cell(stockRow, entrylist::columnOf(m_stockPane.side(), key));
     };
-    return EntryRemoval{.code = entry::plainCode(m_pane.list().cell(row, 0)),
+    return EntryRemoval{.code = QString::number(m_pane.feed().key(row)),
                         .product = stockCell(u"produto"),
                         .quantity = Quantity::stored(QStringView(stockCell(u"qtde")))};
 }
@@ -73,10 +73,8 @@ void EntryCommands::remove()
         }
         removals.push_back(*removal);
     }
-    const bool removed = messages::guarded(&m_pane, messages::removePrefix,
-                                           [&] { entry::remove(*openDatabase(), m_pane.side(), removals); });
-    if (removed)
-        Q_EMIT changed();
+    const ListPane::OwnCommand own(m_pane);
+    messages::guarded(&m_pane, messages::removePrefix, [&] { entry::remove(*openDatabase(m_pane.feed().serial()), m_pane.side(), removals); });
 }
 
 void EntryCommands::settle()
@@ -84,16 +82,15 @@ void EntryCommands::settle()
     const int row = selectedOrTell();
     if (row < 0)
         return;
-    const QString code = entry::plainCode(m_pane.list().cell(row, 0));
+    const QString code = QString::number(m_pane.feed().key(row));
     if (!messages::question(&m_pane, u"Efetuar baixa"_s, m_pane.side().settleQuestion))
         return;
+    const ListPane::OwnCommand own(m_pane);
     bool found = false;
     const bool settled =
         messages::guarded(&m_pane, u"Ocorreu o seguinte erro ao tentar efetuar a baixa: ", [&] {
-            found = entry::settle(*openDatabase(), m_pane.side(), code, programclock::today());
+            found = entry::settle(*openDatabase(m_pane.feed().serial()), m_pane.side(), code, programclock::today());
         });
     if (settled && !found)
         messages::information(&m_pane, u"Efetuar baixa"_s, u"Este lançamento não existe mais."_s);
-    if (settled)
-        Q_EMIT changed();
 }

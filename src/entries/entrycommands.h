@@ -17,10 +17,6 @@ public:
     /// for both sides it is the receivables list.
     EntryCommands(EntryPane &pane, EntryPane &stockPane, QObject *parent);
 
-Q_SIGNALS:
-    /// Entries of this pane were deleted or settled.
-    void changed();
-
 private:
     void add();
     void edit();

@@ -6,13 +6,10 @@
 #include "lists/period.h"
 #include "reports/listexportcommands.h"
 #include "settings/database.h"
-#include "widgets/filterbox.h"
-#include "widgets/frmcarregando.h"
 #include "widgets/listcommand.h"
-#include "widgets/messages.h"
-#include "widgets/waittext.h"
 
 #include <QAction>
+#include <QComboBox>
 
 using namespace Qt::StringLiterals;
 
@@ -67,32 +64,19 @@ const EntryPaneNames &receivablePaneNames()
 }
 
 EntryPane::EntryPane(const Side &side, const EntryPaneNames &names, QWidget *parent)
-    : QWidget(parent), m_ui(std::make_unique<Ui::EntryPane>()), m_side(side), m_names(names)
+    : ListPane(parent), m_ui(std::make_unique<Ui::EntryPane>()), m_side(side), m_names(names)
 {
     m_ui->setupUi(this);
     nameControls();
-    makeCommands();
-    m_ui->lista->setColumns(entrylist::columns(side));
+    setUp(m_ui->lista, m_ui->total,
+          new ListFeed(*m_ui->lista, entrylist::columns(side), std::make_unique<EntryTotals>(),
+                       side.loadingTitle));
     m_ui->lista->setEmptyText(names.emptyText);
-    m_ui->total->setText(EntryTotals().text(side));
-
-    m_ui->baseado->addItems(entryfilter::basedOnChoices());
-    m_ui->tipo->addItems(entryfilter::statusChoices());
-    m_ui->filtro->addItems(period::choices());
-    m_ui->banco->addItem(entryfilter::allAccounts.toString());
-    m_ui->centro->addItem(side.allCentres);
-    m_ui->contato->addItem(side.allContacts);
-    for (QComboBox *box : {m_ui->baseado, m_ui->tipo, m_ui->banco, m_ui->centro, m_ui->contato, m_ui->filtro})
-        connect(box, &QComboBox::currentTextChanged, this, &EntryPane::filterChanged);
-    m_applied = filter();
+    makeFilters();
+    makeCommands();
 }
 
 EntryPane::~EntryPane() = default;
-
-ListView &EntryPane::list()
-{
-    return *m_ui->lista;
-}
 
 void EntryPane::nameControls()
 {
@@ -106,6 +90,22 @@ void EntryPane::nameControls()
     m_ui->total->setObjectName(m_names.totals);
     m_ui->rotuloCentro->setText(m_names.centreLabel);
     m_ui->rotuloContato->setText(m_names.contactLabel);
+}
+
+void EntryPane::makeFilters()
+{
+    m_ui->baseado->addItems(entryfilter::basedOnChoices());
+    m_ui->tipo->addItems(entryfilter::statusChoices());
+    m_ui->filtro->addItems(period::choices());
+    m_ui->banco->addItem(entryfilter::allAccounts.toString());
+    m_ui->centro->addItem(m_side.allCentres);
+    m_ui->contato->addItem(m_side.allContacts);
+    filters().add(m_ui->baseado);
+    filters().add(m_ui->tipo, m_side.statusKey);
+    filters().add(m_ui->banco, m_side.accountKey);
+    filters().add(m_ui->centro, m_side.centreKey);
+    filters().add(m_ui->contato, m_side.contactKey);
+    filters().add(m_ui->filtro, m_side.periodKey);
 }
 
 void EntryPane::makeCommands()
@@ -129,8 +129,8 @@ void EntryPane::makeCommands()
 Report EntryPane::report()
 {
     return {.title = m_names.reportTitle,
-            .subtitle = m_applied.period,
-            .filterText = entryfilter::description(m_applied),
+            .subtitle = filter().period,
+            .filterText = entryfilter::description(filter()),
             .tables = {m_ui->lista->tableSource()},
             .statistics = m_ui->total->text()};
 }
@@ -145,74 +145,23 @@ EntryFilter EntryPane::filter() const
             .period = m_ui->filtro->currentText()};
 }
 
-void EntryPane::showFilter(const EntryFilter &filter)
+QString EntryPane::query() const
 {
-    filterbox::show(m_ui->baseado, filter.basedOn);
-    filterbox::show(m_ui->tipo, filter.status);
-    filterbox::show(m_ui->banco, filter.account);
-    filterbox::show(m_ui->centro, filter.centre);
-    filterbox::show(m_ui->contato, filter.contact);
-    filterbox::show(m_ui->filtro, filter.period);
+    return entryfilter::query(m_side, filter(), programclock::today());
 }
 
-void EntryPane::restoreFilters()
+QString EntryPane::totalsText() const
 {
-    filterbox::restore(m_ui->tipo, m_side.statusKey);
-    filterbox::restore(m_ui->banco, m_side.accountKey);
-    filterbox::restore(m_ui->centro, m_side.centreKey);
-    filterbox::restore(m_ui->contato, m_side.contactKey);
-    filterbox::restore(m_ui->filtro, m_side.periodKey);
-    m_applied = filter();
-}
-
-void EntryPane::filterChanged()
-{
-    if (!reload()) {
-        showFilter(m_applied);
-        return;
-    }
-    m_applied = filter();
-    messages::guarded(this, messages::generalPrefix, [this] {
-        settings::setValue(m_side.statusKey, m_applied.status);
-        settings::setValue(m_side.accountKey, m_applied.account);
-        settings::setValue(m_side.centreKey, m_applied.centre);
-        settings::setValue(m_side.contactKey, m_applied.contact);
-        settings::setValue(m_side.periodKey, m_applied.period);
-    });
-}
-
-bool EntryPane::reload()
-{
-    return messages::guarded(this, messages::generalPrefix, [this] {
-        const QString query = entryfilter::query(m_side, filter(), programclock::today());
-        WaitProgress progress(window(), m_side.loadingTitle, listWaitText());
-        EntryList entries = entrylist::load(*openDatabase(), m_side, query, &progress);
-        m_ui->lista->setRows(std::move(entries.rows));
-        m_ui->total->setText(entries.totals.text(m_side));
-        m_query = query;
-    });
+    return static_cast<const EntryTotals &>(feed().totals()).text(m_side);
 }
 
 void EntryPane::refillFilterBoxes()
 {
-    messages::guarded(this, messages::generalPrefix, [this] {
-        const std::shared_ptr<Connection> database = openDatabase();
-        Connection &connection = *database;
-        filterbox::refill(m_ui->contato, m_side.allContacts,
-                          entrylist::distinct(connection, m_side, m_side.contactColumn));
-        filterbox::refill(m_ui->centro, m_side.allCentres,
-                          entrylist::distinct(connection, m_side, u"descricao"_s));
-        filterbox::refill(m_ui->banco, entryfilter::allAccounts.toString(),
-                          entrylist::distinct(connection, m_side, u"origem"_s));
-    });
-}
-
-void EntryPane::restoreLayout()
-{
-    m_ui->lista->applyLayout(listlayout::load(m_names.layout));
-}
-
-void EntryPane::saveLayout()
-{
-    listlayout::save(m_names.layout, m_ui->lista->layout());
+    const std::shared_ptr<Connection> database = openDatabase();
+    const auto refill = [&](QComboBox *box, const QString &all, const QString &column) {
+        FilterBoxes::refill(box, all, entrylist::distinct(*database, m_side, column));
+    };
+    refill(m_ui->contato, m_side.allContacts, m_side.contactColumn);
+    refill(m_ui->centro, m_side.allCentres, u"descricao"_s);
+    refill(m_ui->banco, entryfilter::allAccounts.toString(), u"origem"_s);
 }

@@ -3,17 +3,14 @@
 #include "entries/entryfilter.h"
 #include "reports/modimpressao.h"
 #include "settings/listlayout.h"
-
-#include <QWidget>
+#include "widgets/listpane.h"
 
 #include <memory>
 
 namespace Ui {
 class EntryPane;
 }
-class ListView;
 class QAction;
-class QComboBox;
 
 /// Names of the controls of one entry pane, and what they are called on its side.
 struct EntryPaneNames
@@ -31,10 +28,8 @@ struct EntryPaneNames
 const EntryPaneNames &payablePaneNames();
 const EntryPaneNames &receivablePaneNames();
 
-/// One tab of the main window: the payables or the receivables with filter boxes, commands and totals line. A
-/// changed filter box refills the list at once and is kept in the settings; when the list cannot be read,
-/// list and boxes stay as they were.
-class EntryPane : public QWidget
+/// One tab of the main window: the payables or the receivables with filter boxes, commands and totals line.
+class EntryPane : public ListPane
 {
     Q_OBJECT
 
@@ -43,33 +38,24 @@ public:
     ~EntryPane() override;
 
     const Side &side() const { return m_side; }
-    ListView &list();
-
-    /// The query of the list as it is shown.
-    QString query() const { return m_query; }
-
-    void restoreFilters();
-    /// Reads the list with the filters shown; false, with a message, when that failed.
-    bool reload();
-    /// Offers the accounts, centres and contacts that the entries name.
-    void refillFilterBoxes();
-    void restoreLayout();
-    /// Throws Error.
-    void saveLayout();
+    const ListLayoutFile &layoutFile() const { return m_names.layout; }
 
     QAction *addCommand, *editCommand, *removeCommand, *settleCommand, *installmentsCommand;
 
+protected:
+    QString query() const override;
+    QString totalsText() const override;
+    /// The accounts, centres and contacts that the entries name.
+    void refillFilterBoxes() override;
+
 private:
     void nameControls();
+    void makeFilters();
     void makeCommands();
     Report report();
     EntryFilter filter() const;
-    void showFilter(const EntryFilter &filter);
-    void filterChanged();
 
     std::unique_ptr<Ui::EntryPane> m_ui;
     const Side &m_side;
     const EntryPaneNames &m_names;
-    EntryFilter m_applied;
-    QString m_query;
 };

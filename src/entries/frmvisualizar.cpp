@@ -7,11 +7,9 @@
 #include "settings/listlayout.h"
 #include "settings/settings.h"
 #include "widgets/background.h"
-#include "widgets/frmcarregando.h"
+#include "widgets/listfeed.h"
 #include "widgets/messages.h"
-#include "widgets/waittext.h"
-
-#include <QActionGroup>
+#include "widgets/settingmenu.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,14 +20,19 @@ frmVisualizar::frmVisualizar(const ViewKind &kind, ViewPeriod period, QWidget *p
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     background::apply(this);
-    m_ui->lstdados->setColumns(kind.columns());
+    m_feed = new ListFeed(*m_ui->lstdados, kind.columns(), std::make_unique<FigureTotals>(), kind.loadingTitle);
     m_ui->lstdados->applyLayout(listlayout::load(kind.layout));
     m_ui->lstdados->setEmptyText(u"Nenhum dado cadastrado neste período"_s);
     makeMenu();
     connectExports();
     connect(m_ui->cmdsair, &QPushButton::clicked, this, &QDialog::close);
+    connect(m_feed, &ListFeed::loaded, this, &frmVisualizar::showTotals);
+    connect(m_feed, &ListFeed::failed, this,
+            [this](const Error &error) { messages::error(this, messages::generalPrefix, error); });
     connect(&Changes::instance(), &Changes::changed, this, [this](const Change &change) {
-        if (change.subject == m_kind.subject || change.subject == Subject::Settings)
+        if (change.subject == m_kind.subject)
+            messages::guarded(this, messages::generalPrefix, [&] { m_feed->follow(change); });
+        else if (change.subject == Subject::Settings || change.subject == Subject::Database)
             reload();
     });
 }
@@ -66,49 +69,24 @@ void frmVisualizar::connectExports()
 
 void frmVisualizar::makeMenu()
 {
-    m_ui->lstdados->setContextMenuPolicy(Qt::ActionsContextMenu);
-    addChoices(settings::viewOrder, {{u"popordemasc"_s, u"Ordem &crescente"_s, u"ASC"_s},
-                                     {u"popordemdesc"_s, u"Ordem &decrescente"_s, u"DESC"_s}});
-    if (!m_kind.limitedBySetting)
-        return;
-    auto *separator = new QAction(this);
-    separator->setSeparator(true);
-    m_ui->lstdados->addAction(separator);
-    addChoices(settings::bankViewPeriod, {{u"popbanctodos"_s, u"&Sem limite"_s, u"0"_s},
-                                          {u"popbancmes"_s, u"Limitar ao &mês atual"_s, u"1"_s},
-                                          {u"popbancano"_s, u"Limitar ao &ano atual"_s, u"2"_s}});
-}
-
-void frmVisualizar::addChoices(const settings::Key &key, const std::vector<Choice> &choices)
-{
-    auto *group = new QActionGroup(this);
-    for (const Choice &choice : choices) {
-        QAction *action = group->addAction(choice.text);
-        action->setObjectName(choice.name);
-        action->setCheckable(true);
-        const auto check = [action, key, value = choice.value] {
-            action->setChecked(settings::value(key) == value);
-        };
-        check();
-        connect(&Changes::instance(), &Changes::changed, action, check);
-        m_ui->lstdados->addAction(action);
-        connect(action, &QAction::triggered, this, [this, key, value = choice.value] {
-            messages::guarded(this, messages::generalPrefix, [&] { settings::setValue(key, value); });
-            Changes::announce(Subject::Settings); // also after a failure: the marks show what is stored
-        });
-    }
+    settingmenu::add(m_ui->lstdados, settings::viewOrder,
+                     {{u"popordemasc"_s, u"Ordem &crescente"_s, u"ASC"_s},
+                      {u"popordemdesc"_s, u"Ordem &decrescente"_s, u"DESC"_s}});
 }
 
 bool frmVisualizar::reload()
 {
     return messages::guarded(isVisible() ? this : parentWidget(), messages::generalPrefix, [this] {
-        const ViewPeriod period = periodview::shownPeriod(m_kind, m_period);
-        const QDate today = programclock::today();
-        WaitProgress progress(isVisible() ? this : parentWidget(), m_kind.loadingTitle, listWaitText());
-        ViewList list = m_kind.load(*openDatabase(), periodview::query(m_kind, period, today), &progress);
-        m_ui->lbltotal->setText(periodview::summary(m_kind, period, list.totals));
-        setWindowTitle(periodview::title(m_kind, period));
-        m_ui->lblperiodo->setText(periodview::periodText(period, today));
-        m_ui->lstdados->setRows(std::move(list.rows));
+        m_feed->load(periodview::query(m_kind, periodview::shownPeriod(m_kind, m_period),
+                                       programclock::today()));
     });
+}
+
+void frmVisualizar::showTotals()
+{
+    const ViewPeriod period = periodview::shownPeriod(m_kind, m_period);
+    m_ui->lbltotal->setText(periodview::summary(
+        m_kind, period, static_cast<const FigureTotals &>(m_feed->totals()).figures));
+    setWindowTitle(periodview::title(m_kind, period));
+    m_ui->lblperiodo->setText(periodview::periodText(period, programclock::today()));
 }

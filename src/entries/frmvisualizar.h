@@ -9,13 +9,10 @@
 namespace Ui {
 class frmVisualizar;
 }
-namespace settings {
-struct Key;
-}
+class ListFeed;
 
 /// The entries or bank movements of today, this month or this year, to be read, printed and exported. The
-/// list follows changes of the data. Its pop-up menu chooses the settings that the views read: the order, and
-/// the limit of bank views.
+/// list follows changes of the data. Its pop-up menu chooses the order.
 class frmVisualizar : public QDialog
 {
     Q_OBJECT
@@ -26,18 +23,14 @@ public:
     ~frmVisualizar() override;
 
 private:
-    struct Choice
-    {
-        QString name, text, value;
-    };
-
     frmVisualizar(const ViewKind &kind, ViewPeriod period, QWidget *parent);
     void connectExports();
     void makeMenu();
-    void addChoices(const settings::Key &key, const std::vector<Choice> &choices);
     bool reload();
+    void showTotals();
 
     std::unique_ptr<Ui::frmVisualizar> m_ui;
     const ViewKind &m_kind;
     ViewPeriod m_period; ///< of the command that opened the view
+    ListFeed *m_feed;
 };

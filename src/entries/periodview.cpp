@@ -28,19 +28,6 @@ const PeriodWords &words(ViewPeriod period)
     return all[std::size_t(period)];
 }
 
-ViewList loadEntries(Connection &connection, const Side &side, const QString &query, Progress *progress)
-{
-    EntryList list = entrylist::load(connection, side, query, progress);
-    return {std::move(list.rows), {list.totals.count, list.totals.settled, list.totals.pending}};
-}
-
-ViewList loadMovements(Connection &connection, const QString &query, Progress *progress)
-{
-    MovementList list = movementlist::load(connection, query, progress);
-    const qint64 count = list.rows.rowCount();
-    return {std::move(list.rows), {count, list.totals.settled, list.totals.pending}};
-}
-
 QString condition(ViewPeriod period, QDate today)
 {
     switch (period) {
@@ -75,8 +62,6 @@ const ViewKind &payableView()
         .layout = listlayout::payables(),
         .pages = modimpressao::ListKind::Payables,
         .columns = [] { return entrylist::columns(payable()); },
-        .load = [](Connection &connection, const QString &query,
-                   Progress *progress) { return loadEntries(connection, payable(), query, progress); },
     };
     return kind;
 }
@@ -94,8 +79,6 @@ const ViewKind &receivableView()
         .layout = listlayout::receivables(),
         .pages = modimpressao::ListKind::Receivables,
         .columns = [] { return entrylist::columns(receivable()); },
-        .load = [](Connection &connection, const QString &query,
-                   Progress *progress) { return loadEntries(connection, receivable(), query, progress); },
     };
     return kind;
 }
@@ -113,7 +96,6 @@ const ViewKind &bankView()
         .layout = listlayout::movements(),
         .pages = modimpressao::ListKind::Movements,
         .columns = movementlist::columns,
-        .load = loadMovements,
     };
     return kind;
 }
@@ -141,14 +123,14 @@ QString query(const ViewKind &kind, ViewPeriod period, QDate today)
     return u"SELECT * FROM "_s + kind.table + u" where"_s + condition(period, today) + orderText();
 }
 
-QString summary(const ViewKind &kind, ViewPeriod period, const ViewTotals &totals)
+QString summary(const ViewKind &kind, ViewPeriod period, const Figures &figures)
 {
-    if (totals.count == 0)
+    const auto [count, total] = figures.total();
+    if (count == 0)
         return u"0 cadastros  -  Total de movimento: 0,00  -  Total Conluido: 0,00  -  Total pendente: 0,00"_s;
-    return u"Total de cadastros "_s + words(period).summary + u" ("_s + QString::number(totals.count) +
-           u"): "_s + kind.totalWords + (totals.settled + totals.pending).grouped() +
-           u"  -  Total concluído: "_s + totals.settled.inReais() + u"  -  Total pendente: "_s +
-           totals.pending.inReais();
+    return u"Total de cadastros "_s + words(period).summary + u" ("_s + QString::number(count) + u"): "_s +
+           kind.totalWords + total.grouped() + u"  -  Total concluído: "_s + figures.settled.sum.inReais() +
+           u"  -  Total pendente: "_s + figures.pending.sum.inReais();
 }
 
 } // namespace periodview

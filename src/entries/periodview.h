@@ -1,31 +1,17 @@
 #pragma once
 
 #include "data/changes.h"
-#include "data/decimal.h"
-#include "data/progress.h"
-#include "lists/rowstore.h"
+#include "lists/figures.h"
+#include "lists/listcolumn.h"
 #include "reports/modimpressao.h"
 
 #include <QDate>
 #include <QString>
 
-class Connection;
 struct ListLayoutFile;
 
 /// The period that a view shows; each contains the ones before it.
 enum class ViewPeriod { Day, Month, Year };
-
-struct ViewTotals
-{
-    qint64 count = 0;
-    Money settled, pending;
-};
-
-struct ViewList
-{
-    RowStore rows;
-    ViewTotals totals;
-};
 
 /// Everything in which the period views of payables, receivables and bank movements differ.
 struct ViewKind
@@ -36,12 +22,10 @@ struct ViewKind
     QString totalWords; ///< "Total de despesas: R$ "
     QString heading;    ///< of the report
     QString loadingTitle;
-    bool limitedBySetting; ///< the setting VisualizarDadosBancario narrows the period
+    bool limitedBySetting; ///< the setting VisualizarDadosBancario can narrow the period to the month
     const ListLayoutFile &layout;
     modimpressao::ListKind pages; ///< how the list is printed
-    std::vector<Column> (*columns)();
-    /// `progress` may be null. Throws Error.
-    ViewList (*load)(Connection &connection, const QString &query, Progress *progress);
+    std::vector<ListColumn> (*columns)();
 };
 
 const ViewKind &payableView();
@@ -59,6 +43,6 @@ QString title(const ViewKind &kind, ViewPeriod period);
 QString periodText(ViewPeriod period, QDate today);
 /// The query, ordered as the setting Ordem says.
 QString query(const ViewKind &kind, ViewPeriod period, QDate today);
-QString summary(const ViewKind &kind, ViewPeriod period, const ViewTotals &totals);
+QString summary(const ViewKind &kind, ViewPeriod period, const Figures &figures);
 
 } // namespace periodview

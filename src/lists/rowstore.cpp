@@ -69,16 +69,3 @@ QString RowStore::text(int row, int column) const
     const std::string_view utf8 = cell(row, column);
     return QString::fromUtf8(utf8.data(), qsizetype(utf8.size()));
 }
-
-/// The row's memory is freed with the store.
-void RowStore::removeRow(int row)
-{
-    if (m_columns > 0)
-        m_textBytes -= endOfCell(m_rows[std::size_t(row)], m_columns - 1);
-    m_rows.erase(m_rows.begin() + row);
-}
-
-void RowStore::clear()
-{
-    *this = RowStore(m_columns);
-}

@@ -7,18 +7,6 @@
 #include <string_view>
 #include <vector>
 
-/// How a column of a list sorts and aligns; the cells themselves are texts ready to be shown.
-enum class CellKind : quint8 { Text, Number, Amount, Date };
-
-/// One column of a list.
-struct Column
-{
-    QString key;   ///< name of the column in the layout file
-    QString title; ///< heading
-    CellKind kind = CellKind::Text;
-    int width = 80; ///< default width in pixels
-};
-
 /// The rows of a list as compact text: one block of memory holds many rows, a cell becomes a QString only
 /// when it is painted. Costs about 5 bytes a cell and 8 bytes a row over the UTF-8 text.
 class RowStore
@@ -33,8 +21,6 @@ public:
     int rowCount() const { return int(m_rows.size()); }
     std::string_view cell(int row, int column) const;
     QString text(int row, int column) const;
-    void removeRow(int row);
-    void clear();
     /// Bytes held for cell texts.
     qint64 textBytes() const { return m_textBytes; }
 

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "lists/rowstore.h"
 #include "lists/tablesource.h"
 
 /// A table that holds its own rows: a query's result on its way to a report.
 class StoredTable : public TableSource
 {
 public:
-    StoredTable(std::vector<Column> columns, RowStore rows)
+    StoredTable(std::vector<ListColumn> columns, RowStore rows)
         : m_columns(std::move(columns)), m_rows(std::move(rows))
     {
         Q_ASSERT(m_rows.columnCount() == int(m_columns.size()));
@@ -23,6 +24,6 @@ public:
     }
 
 private:
-    std::vector<Column> m_columns;
+    std::vector<ListColumn> m_columns;
     RowStore m_rows;
 };

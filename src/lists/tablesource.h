@@ -1,6 +1,6 @@
 #pragma once
 
-#include "lists/rowstore.h"
+#include "lists/listcolumn.h"
 
 #include <QString>
 

@@ -42,8 +42,8 @@ frmestoque *frmestoque::open(QWidget *parent)
         screen = new frmestoque(parent);
         screen->show();
         screen->loadProducts();
-        screen->m_sales->refresh();
-        screen->m_purchases->refresh();
+        screen->m_sales->reload();
+        screen->m_purchases->reload();
     }
     screen->raise();
     screen->activateWindow();
@@ -83,11 +83,11 @@ void frmestoque::loadProducts()
 void frmestoque::dataChanged(const Change &change)
 {
     const Subject subject = change.subject;
-    if (subject == Subject::Receivables)
-        m_sales->refresh();
-    else if (subject == Subject::Payables)
-        m_purchases->refresh();
-    else if (subject != Subject::Products)
+    for (StockListPane *list : {m_sales, m_purchases})
+        if (subject == list->kind().side.subject || subject == Subject::Database)
+            list->follow(change);
+    if (subject != Subject::Receivables && subject != Subject::Payables && subject != Subject::Products &&
+        subject != Subject::Database)
         return;
     loadProducts(); // entries move the stock, too
 }

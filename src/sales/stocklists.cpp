@@ -1,8 +1,6 @@
 #include "sales/stocklists.h"
 
-#include "data/dates.h"
-#include "data/recordset.h"
-#include "data/status.h"
+#include "data/error.h"
 #include "entries/entryfilter.h"
 #include "entries/entrylist.h"
 #include "stock/stock.h"
@@ -13,70 +11,27 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-std::string_view value(const Recordset &rows, QStringView column)
+using Values = std::span<const std::string_view>;
+
+/// Value and unit cost of a row.
+std::pair<Money, Money> amounts(Values values)
 {
-    return rows.utf8(rows.column(column));
+    return {Money::stored(values[0]), Money::stored(values[1])};
 }
 
-/// One entry's amounts and its cells, in the order of columns().
-class Line
+void writeMarkup(Values values, std::string &out)
 {
-public:
-    Line(const Recordset &rows, const StockKind &kind) : m_rows(rows), m_side(kind.side)
-    {
-        m_value = Money::stored(value(rows, u"valor"));
-        if (m_side.hasUnitCost)
-            m_cost = Money::stored(value(rows, u"custo"));
-    }
+    const auto [value, cost] = amounts(values);
+    out = stocklists::markup(value, cost).toStdString();
+}
 
-    void addTo(StockTotals &totals) const
-    {
-        ++totals.count;
-        totals.total += m_value;
-        const bool pending = m_rows.text(u"estatus") == status::pending;
-        (pending ? totals.pending : totals.settled) += m_value;
-        if (m_side.hasUnitCost)
-            totals.profit += (m_value - m_cost).times(Money::stored(value(m_rows, u"qtde")));
-    }
-
-    std::vector<std::string> cells() const
-    {
-        std::vector<std::string> result{text(u"código"),
-                                        date(u"data"),
-                                        text(u"descricao"),
-                                        text(u"documento"),
-                                        text(m_side.contactColumn),
-                                        date(u"vencimento"),
-                                        amount(m_value)};
-        if (m_side.hasUnitCost) {
-            result.push_back(amount(m_cost));
-            result.push_back(stocklists::markup(m_value, m_cost).toStdString());
-            result.push_back(amount(m_value - m_cost));
-        }
-        for (const QStringView column : {u"produto", u"qtde", u"estatus", u"origem", u"informacoes"})
-            result.push_back(text(column));
-        return result;
-    }
-
-private:
-    std::string text(QStringView column) const { return std::string(value(m_rows, column)); }
-    std::string date(QStringView column) const
-    {
-        std::string shown;
-        dates::appendShown(value(m_rows, column), shown);
-        return shown;
-    }
-    std::string amount(Money money) const
-    {
-        std::string shown = text(u"moeda") + ' ';
-        money.appendGrouped(shown);
-        return shown;
-    }
-
-    const Recordset &m_rows;
-    const Side &m_side;
-    Money m_value, m_cost;
-};
+/// The third value is the row's currency.
+void writeProfit(Values values, std::string &out)
+{
+    const auto [value, cost] = amounts(values);
+    out = values[2];
+    out += ' ' + (Sum(value) - Sum(cost)).grouped().toStdString();
+}
 
 QStringList namesIn(Connection &connection, const StockKind &kind, const QString &column)
 {
@@ -103,10 +58,30 @@ const StockKind &purchases()
     return kind;
 }
 
-QString StockTotals::text(const StockKind &kind) const
+QStringList StockTotals::columns() const
 {
-    return QString::number(count) + kind.countWords + (kind.side.hasUnitCost ? profit : total).inReais() +
-           kind.side.settledWords + settled.inReais() + u"  -  Total pendente: "_s + pending.inReais();
+    QStringList columns{u"estatus"_s, u"valor"_s};
+    if (m_kind.side.hasUnitCost)
+        columns << u"qtde"_s << u"custo"_s;
+    return columns;
+}
+
+void StockTotals::add(Values values, int sign)
+{
+    const Money value = Money::stored(values[1]);
+    figures.add(values[0], value, sign);
+    if (!m_kind.side.hasUnitCost)
+        return;
+    const Sum gained = (Sum(value) - Sum(Money::stored(values[3]))).times(Quantity::stored(values[2]));
+    sign < 0 ? profit -= gained : profit += gained;
+}
+
+QString StockTotals::text() const
+{
+    const auto [count, total] = figures.total();
+    return QString::number(count) + m_kind.countWords + (m_kind.side.hasUnitCost ? profit : total).inReais() +
+           m_kind.side.settledWords + figures.settled.sum.inReais() + u"  -  Total pendente: "_s +
+           figures.pending.sum.inReais();
 }
 
 namespace stocklists {
@@ -130,9 +105,9 @@ QString filterText(const StockKind &kind, const StockFilter &filter)
         filter.period, filter.status, filter.product, kind.side.contactTitle, filter.contact);
 }
 
-std::vector<Column> columns(const StockKind &kind)
+std::vector<ListColumn> columns(const StockKind &kind)
 {
-    std::vector<Column> result = entrylist::columns(kind.side);
+    std::vector<ListColumn> result = entrylist::columns(kind.side);
     const std::pair<QString, int> widths[] = {{u"descricao"_s, 100},
                                               {kind.side.contactColumnKey, 140},
                                               {u"produto"_s, 190},
@@ -140,28 +115,17 @@ std::vector<Column> columns(const StockKind &kind)
                                               {u"informacoes"_s, 140}};
     for (const auto &[key, width] : widths)
         result[std::size_t(entrylist::columnOf(kind.side, key))].width = width;
-    const auto cost = std::ranges::find(result, u"custo"_s, &Column::key);
-    if (cost != result.end())
-        result.insert(cost + 1, {{u"margem"_s, u"Margem"_s, CellKind::Number, 70},
-                                 {u"lucro"_s, u"Lucro unitário"_s, CellKind::Amount, 95}});
-    return result;
-}
-
-StockList load(Connection &connection, const StockKind &kind, const QString &query, Progress *progress)
-{
-    Recordset rows(connection, query);
-    StockList list{RowStore(int(columns(kind).size())), {}};
-    if (progress)
-        progress->begin([&rows] { return rows.count(); });
-    while (rows.next()) {
-        const Line line(rows, kind);
-        const std::vector<std::string> cells = line.cells();
-        list.rows.append({cells.begin(), cells.end()});
-        line.addTo(list.totals);
-        if (progress)
-            progress->advance(list.totals.count);
+    const auto cost = std::ranges::find(result, u"custo"_s, &ListColumn::key);
+    if (cost != result.end()) {
+        cost->sources = {u"custo"_s, u"moeda"_s};
+        cost->format = cellformat::withCurrency;
+        result.insert(
+            cost + 1,
+            {{u"margem"_s, u"Margem"_s, CellKind::Number, 70, {u"valor"_s, u"custo"_s}, writeMarkup},
+             {u"lucro"_s, u"Lucro unitário"_s, CellKind::Amount, 95, {u"valor"_s, u"custo"_s, u"moeda"_s},
+              writeProfit}});
     }
-    return list;
+    return result;
 }
 
 QStringList productNames(Connection &connection, const StockKind &kind)
@@ -178,8 +142,14 @@ QStringList contactNames(Connection &connection, const StockKind &kind)
 
 QString markup(Money value, Money cost)
 {
-    const std::optional<Money> ratio = value.dividedBy(cost);
-    return ratio ? (*ratio - Money::fromInteger(1)).times(Money::fromInteger(100)).grouped() + u'%' : u"-"_s;
+    if (cost.isZero())
+        return u"-"_s;
+    try {
+        const Decimal ratio = *value.dividedBy(cost);
+        return (ratio - Decimal::fromInteger(1)).times(Decimal::fromInteger(100)).grouped() + u'%';
+    } catch (const Error &) { // out of range
+        return u"valor grande demais"_s;
+    }
 }
 
 } // namespace stocklists

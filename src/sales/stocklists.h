@@ -1,9 +1,8 @@
 #pragma once
 
-#include "data/decimal.h"
-#include "data/progress.h"
 #include "entries/side.h"
-#include "lists/rowstore.h"
+#include "lists/figures.h"
+#include "lists/listcolumn.h"
 
 #include <QDate>
 #include <QStringList>
@@ -30,20 +29,23 @@ struct StockFilter
     QString period, status, product, contact;
 };
 
-struct StockTotals
+class StockTotals : public RowTotals
 {
-    qint64 count = 0;
-    Money total, settled, pending;
-    Money profit; ///< (value − unit cost) × quantity, summed
+public:
+    explicit StockTotals(const StockKind &kind) : m_kind(kind) {}
+
+    QStringList columns() const override;
+    void add(std::span<const std::string_view> values, int sign) override;
+    std::unique_ptr<RowTotals> clone() const override { return std::make_unique<StockTotals>(*this); }
 
     /// The first sum is the profit for sales, the total for purchases.
-    QString text(const StockKind &kind) const;
-};
+    QString text() const;
 
-struct StockList
-{
-    RowStore rows;
-    StockTotals totals;
+    Figures figures;
+    Sum profit; ///< (value − unit cost) × quantity, summed
+
+private:
+    const StockKind &m_kind;
 };
 
 namespace stocklists {
@@ -54,9 +56,7 @@ QString query(const StockKind &kind, const StockFilter &filter, QDate today);
 QString filterText(const StockKind &kind, const StockFilter &filter);
 
 /// The row key first; sales also have the unit cost, the markup and the unit profit.
-std::vector<Column> columns(const StockKind &kind);
-/// Reads all rows of `query`. `progress` may be null. Throws Error.
-StockList load(Connection &connection, const StockKind &kind, const QString &query, Progress *progress);
+std::vector<ListColumn> columns(const StockKind &kind);
 
 /// The products and the contacts that the entries name, for the filter boxes.
 QStringList productNames(Connection &connection, const StockKind &kind);

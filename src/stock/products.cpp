@@ -37,7 +37,7 @@ QString ProductList::summary() const
 
 namespace products {
 
-std::vector<Column> columns()
+std::vector<ListColumn> columns()
 {
     return {{u"produto"_s, u"Produto"_s, CellKind::Text, 280},
             {u"qtde"_s, u"Quantidade"_s, CellKind::Number, 100},

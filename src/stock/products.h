@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/decimal.h"
+#include "lists/listcolumn.h"
 #include "lists/rowstore.h"
 
 #include <QString>
@@ -31,7 +32,7 @@ struct ProductList
 
 namespace products {
 
-std::vector<Column> columns();
+std::vector<ListColumn> columns();
 /// Every product in table order. Throws Error.
 ProductList list(Connection &connection);
 

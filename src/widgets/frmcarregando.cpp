@@ -5,13 +5,13 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
 constexpr qint64 tooShortToSee = 300; ///< milliseconds
 constexpr qint64 betweenChecks = 20;  ///< milliseconds, while the screen is not shown
 constexpr qint64 repaints = 50;
-constexpr int barSteps = 1000; ///< the bar counts in int, the work in 64 bits
 
 } // namespace
 
@@ -20,7 +20,6 @@ frmCarregando::frmCarregando(QWidget *parent)
       m_ui(std::make_unique<Ui::frmCarregando>())
 {
     m_ui->setupUi(this);
-    m_ui->pbprogresso->setRange(0, barSteps);
 }
 
 frmCarregando::~frmCarregando() = default;
@@ -33,13 +32,12 @@ void frmCarregando::setTexts(const QString &title, const QString &text)
 
 void frmCarregando::setRange(qint64 total)
 {
-    m_total = total;
+    m_ui->pbprogresso->setRange(0, int(std::min<qint64>(total, std::numeric_limits<int>::max())));
 }
 
 void frmCarregando::setDone(qint64 done)
 {
-    const double part = m_total > 0 ? double(done) / double(m_total) : 0;
-    m_ui->pbprogresso->setValue(int(std::clamp(part, 0.0, 1.0) * barSteps));
+    m_ui->pbprogresso->setValue(int(std::clamp<qint64>(done, 0, m_ui->pbprogresso->maximum())));
 }
 
 WaitProgress::WaitProgress(QWidget *parent, QString title, QString text)

@@ -22,6 +22,7 @@ public:
     ~frmCarregando() override;
 
     void setTexts(const QString &title, const QString &text);
+    /// The bar ranges over the count of what is done.
     void setRange(qint64 total);
     void setDone(qint64 done);
 
@@ -30,7 +31,6 @@ protected:
 
 private:
     std::unique_ptr<Ui::frmCarregando> m_ui;
-    qint64 m_total = 0;
 };
 
 /// Shows the wait screen while a long piece of work runs: never for work too short to see, at most some fifty

@@ -21,15 +21,16 @@ namespace {
 
 constexpr double twipsPerPixel = 15;
 
-/// Gives the rows some air and shows the whole text of a cell that is cut off.
+/// Shows a cell in one line, and its whole text as a hint when it is cut off.
 class CellDelegate : public QStyledItemDelegate
 {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
     {
-        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, option.fontMetrics.height() / 3);
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->text.replace(QChar::LineSeparator, u' ');
     }
 
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
@@ -46,38 +47,6 @@ public:
     }
 };
 
-/// The columns that a list shows, in their order on the screen.
-class ShownTable : public TableSource
-{
-public:
-    ShownTable(const TableModel &table, std::vector<int> columns)
-        : m_table(table), m_columns(std::move(columns))
-    {
-    }
-
-    int columnCount() const override { return int(m_columns.size()); }
-    int rowCount() const override { return m_table.rowCount(); }
-    QString heading(int column) const override { return source(column).title; }
-    CellKind kind(int column) const override { return source(column).kind; }
-    QString cell(int row, int column) const override
-    {
-        return m_table.cell(row, m_columns[std::size_t(column)]);
-    }
-    std::string_view utf8(int row, int column, std::string &) const override
-    {
-        return m_table.utf8(row, m_columns[std::size_t(column)]);
-    }
-
-private:
-    const Column &source(int column) const
-    {
-        return m_table.columns()[std::size_t(m_columns[std::size_t(column)])];
-    }
-
-    const TableModel &m_table;
-    std::vector<int> m_columns;
-};
-
 int firstRowWithKey(const TableModel &table, const QString &key)
 {
     for (int row = 0; row < table.rowCount(); ++row) {
@@ -89,17 +58,24 @@ int firstRowWithKey(const TableModel &table, const QString &key)
 
 } // namespace
 
-ListView::ListView(QWidget *parent) : QTreeView(parent), m_table(new TableModel(this))
+ListView::ListView(QWidget *parent) : QTableView(parent), m_table(new TableModel(this))
 {
     setModel(m_table);
     setItemDelegate(new CellDelegate(this));
-    setRootIsDecorated(false);
-    setIndentation(0);
-    setItemsExpandable(false);
-    setUniformRowHeights(true);
-    setAllColumnsShowFocus(true);
+    setShowGrid(false);
+    setWordWrap(false);
+    setCornerButtonEnabled(false);
+    setTabKeyNavigation(false);
     setSelectionMode(ExtendedSelection);
+    setSelectionBehavior(SelectRows);
+    setEditTriggers(NoEditTriggers);
     setTextElideMode(Qt::ElideRight);
+    setHorizontalScrollMode(ScrollPerPixel);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    fitRowHeight();
+    header()->setHighlightSections(false);
+    header()->setSectionsClickable(true);
     header()->setMinimumSectionSize(0);
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(true);
@@ -107,11 +83,11 @@ ListView::ListView(QWidget *parent) : QTreeView(parent), m_table(new TableModel(
     header()->setSortIndicatorClearable(true);
     header()->setSortIndicator(-1, Qt::AscendingOrder);
     setSortingEnabled(true);
-    connect(this, &QTreeView::doubleClicked, this,
+    connect(this, &QTableView::doubleClicked, this,
             [this](const QModelIndex &index) { Q_EMIT rowActivated(index.row()); });
 }
 
-void ListView::setColumns(std::vector<Column> columns)
+void ListView::setColumns(std::vector<ListColumn> columns)
 {
     m_table->setColumns(std::move(columns));
     header()->setSortIndicator(-1, Qt::AscendingOrder);
@@ -123,14 +99,24 @@ void ListView::setRows(RowStore rows)
 {
     const int selected = selectedRow();
     const QString key = selected >= 0 ? cell(selected, 0) : QString();
-    const QPoint scrolled(horizontalScrollBar()->value(), verticalScrollBar()->value());
+    const QPoint place = scrolled();
     m_table->setRows(std::move(rows));
     header()->setSortIndicator(-1, Qt::AscendingOrder);
     if (!key.isEmpty())
         selectRow(firstRowWithKey(*m_table, key));
+    scrollBack(place);
+}
+
+QPoint ListView::scrolled() const
+{
+    return {horizontalScrollBar()->value(), verticalScrollBar()->value()};
+}
+
+void ListView::scrollBack(QPoint place)
+{
     doItemsLayout(); // otherwise the scroll bars do not know their new range yet
-    horizontalScrollBar()->setValue(scrolled.x());
-    verticalScrollBar()->setValue(scrolled.y());
+    horizontalScrollBar()->setValue(place.x());
+    verticalScrollBar()->setValue(place.y());
 }
 
 std::vector<int> ListView::selectedRows() const
@@ -173,12 +159,17 @@ void ListView::selectRow(int row)
         selectionModel()->clear();
         return;
     }
-    // A current cell of width 0 would scroll the list to its left end.
+    selectionModel()->setCurrentIndex(m_table->index(row, firstVisibleColumn()),
+                                      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+/// A current cell of width 0 would scroll the list to its left end.
+int ListView::firstVisibleColumn() const
+{
     int column = 0;
     while (column < m_table->columnCount() - 1 && header()->sectionSize(column) == 0)
         ++column;
-    selectionModel()->setCurrentIndex(m_table->index(row, column),
-                                      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    return column;
 }
 
 void ListView::setEmptyText(const QString &text)
@@ -223,12 +214,47 @@ void ListView::keyPressEvent(QKeyEvent *event)
     else if (isReturn && row >= 0)
         Q_EMIT rowActivated(row);
     else
-        QTreeView::keyPressEvent(event);
+        QTableView::keyPressEvent(event);
+}
+
+void ListView::changeEvent(QEvent *event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        fitRowHeight();
+}
+
+/// Every row has one line of text, with some air.
+void ListView::fitRowHeight()
+{
+    const int height = fontMetrics().height();
+    const int margins = 2 * style()->pixelMetric(QStyle::PM_FocusFrameVMargin, nullptr, this);
+    verticalHeader()->setDefaultSectionSize(height + height / 3 + margins);
+}
+
+QModelIndex ListView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    const int row = currentIndex().isValid() ? currentIndex().row() : -1;
+    switch (action) {
+    case MoveHome:
+        return m_table->index(0, firstVisibleColumn());
+    case MoveEnd:
+        return m_table->index(rowCount() - 1, firstVisibleColumn());
+    case MoveLeft:
+    case MoveRight: {
+        QScrollBar *bar = horizontalScrollBar();
+        bar->triggerAction(action == MoveLeft ? QScrollBar::SliderSingleStepSub
+                                              : QScrollBar::SliderSingleStepAdd);
+        return m_table->index(row, firstVisibleColumn());
+    }
+    default:
+        return QTableView::moveCursor(action, modifiers);
+    }
 }
 
 void ListView::paintEvent(QPaintEvent *event)
 {
-    QTreeView::paintEvent(event);
+    QTableView::paintEvent(event);
     if (rowCount() > 0 || m_emptyText.isEmpty())
         return;
     QPainter painter(viewport());
@@ -241,10 +267,11 @@ std::shared_ptr<const TableSource> ListView::tableSource() const
     std::vector<int> columns;
     for (int position = 0; position < header()->count(); ++position) {
         const int column = header()->logicalIndex(position);
-        if (header()->sectionSize(column) > 0)
+        const bool isKey = m_table->columns()[std::size_t(column)].width == 0;
+        if (!isKey || header()->sectionSize(column) > 0)
             columns.push_back(column);
     }
-    return std::make_shared<ShownTable>(*m_table, std::move(columns));
+    return m_table->snapshot(std::move(columns));
 }
 
 void ListView::copySelection() const

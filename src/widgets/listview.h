@@ -4,14 +4,14 @@
 #include "settings/listlayout.h"
 #include "widgets/tablemodel.h"
 
-#include <QTreeView>
+#include <QTableView>
 
 #include <memory>
 
 /// A list of rows with headings: whole rows are selected, several at once; columns can be moved, resized and
 /// sorted by a click (a third click gives the rows' own order back); Ctrl+C copies the selected rows as text
 /// with tabs. A cell that is cut off shows its whole text as a hint.
-class ListView : public QTreeView
+class ListView : public QTableView
 {
     Q_OBJECT
 
@@ -20,7 +20,7 @@ public:
 
     TableModel &table() { return *m_table; }
     /// A column of width 0 is out of sight until the user widens it: the row key.
-    void setColumns(std::vector<Column> columns);
+    void setColumns(std::vector<ListColumn> columns);
     /// Shows `rows` in their own order. The row whose first cell was selected before is selected again if it
     /// is still there, and the list stays scrolled where it was.
     void setRows(RowStore rows);
@@ -35,12 +35,16 @@ public:
     int selectedRowOrTell(const QString &title, const QString &text);
     /// Selects this row alone; -1 selects none.
     void selectRow(int row);
+    /// Where the list is scrolled to.
+    QPoint scrolled() const;
+    void scrollBack(QPoint place);
 
     /// Text shown in the middle while the list is empty.
     void setEmptyText(const QString &text);
-    /// The list as it is shown, for printing and export: columns in their order on the screen, without hidden
-    /// ones. Valid while the list lives and its rows stay.
+    /// The list as it is shown, for printing and export: columns in their order on the screen, without the row
+    /// key unless it was widened. What the list shows later does not change it.
     std::shared_ptr<const TableSource> tableSource() const;
+    QHeaderView *header() const { return horizontalHeader(); }
     ListLayout layout() const;
     void applyLayout(const ListLayout &layout);
 
@@ -53,9 +57,16 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    /// Rows are what the keys walk; left and right scroll.
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    /// Typed letters would look through every row.
+    void keyboardSearch(const QString &) override {}
 
 private:
     void copySelection() const;
+    void fitRowHeight();
+    int firstVisibleColumn() const;
 
     TableModel *m_table;
     QString m_emptyText;

@@ -54,18 +54,85 @@ std::vector<quint32> sortedRows(const RowStore &rows, int column, CellKind kind,
     return ordered(count, order, [&](int row) { return collator.sortKey(rows.text(row, column)); });
 }
 
+/// A copy of what a model shows.
+class Snapshot : public TableSource
+{
+public:
+    Snapshot(std::vector<ListColumn> columns, std::vector<int> sources)
+        : m_columns(std::move(columns)), m_sources(std::move(sources))
+    {
+    }
+
+    int columnCount() const override { return int(m_columns.size()); }
+    QString heading(int column) const override { return m_columns[std::size_t(column)].title; }
+    CellKind kind(int column) const override { return m_columns[std::size_t(column)].kind; }
+    QString cell(int row, int column) const override
+    {
+        std::string buffer;
+        const std::string_view text = utf8(row, column, buffer);
+        return QString::fromUtf8(text.data(), qsizetype(text.size()));
+    }
+
+protected:
+    int source(int column) const { return m_sources[std::size_t(column)]; }
+
+private:
+    std::vector<ListColumn> m_columns;
+    std::vector<int> m_sources; ///< columns of the model
+};
+
+class HeldSnapshot : public Snapshot
+{
+public:
+    HeldSnapshot(std::vector<ListColumn> columns, std::vector<int> sources,
+                 std::shared_ptr<const RowStore> rows, std::vector<quint32> order)
+        : Snapshot(std::move(columns), std::move(sources)), m_rows(std::move(rows)), m_order(std::move(order))
+    {
+    }
+
+    int rowCount() const override { return int(m_order.size()); }
+    std::string_view utf8(int row, int column, std::string &) const override
+    {
+        return m_rows->cell(int(m_order[std::size_t(row)]), source(column));
+    }
+
+private:
+    std::shared_ptr<const RowStore> m_rows;
+    std::vector<quint32> m_order;
+};
+
+class KeyedSnapshot : public Snapshot
+{
+public:
+    KeyedSnapshot(std::vector<ListColumn> columns, std::vector<int> sources, const KeyedRows &rows)
+        : Snapshot(std::move(columns), std::move(sources)), m_rows(rows)
+    {
+        m_rows.refresh();
+    }
+
+    int rowCount() const override { return m_rows.rowCount(); }
+    std::string_view utf8(int row, int column, std::string &) const override
+    {
+        return m_rows.cell(row, source(column));
+    }
+
+private:
+    KeyedRows m_rows;
+};
+
 } // namespace
 
-TableModel::TableModel(QObject *parent) : QAbstractTableModel(parent)
+TableModel::TableModel(QObject *parent) : QAbstractTableModel(parent), m_rows(std::make_shared<RowStore>())
 {
 }
 
-void TableModel::setColumns(std::vector<Column> columns)
+void TableModel::setColumns(std::vector<ListColumn> columns)
 {
     beginResetModel();
     m_columns = std::move(columns);
-    m_rows = RowStore(int(m_columns.size()));
+    m_rows = std::make_shared<RowStore>(int(m_columns.size()));
     m_order.clear();
+    m_keyed = nullptr;
     endResetModel();
 }
 
@@ -73,20 +140,76 @@ void TableModel::setRows(RowStore rows)
 {
     Q_ASSERT(rows.columnCount() == int(m_columns.size()));
     beginResetModel();
-    m_rows = std::move(rows);
-    m_order.resize(std::size_t(m_rows.rowCount()));
+    m_keyed = nullptr;
+    m_rows = std::make_shared<RowStore>(std::move(rows));
+    m_order.resize(std::size_t(m_rows->rowCount()));
     std::iota(m_order.begin(), m_order.end(), 0U);
     endResetModel();
 }
 
-QString TableModel::cell(int row, int column) const
+void TableModel::showKeyed(const KeyedRows *rows)
 {
-    return m_rows.text(int(m_order[std::size_t(row)]), column);
+    beginResetModel();
+    m_keyed = rows;
+    m_order.clear();
+    endResetModel();
 }
 
-std::string_view TableModel::utf8(int row, int column) const
+void TableModel::moveKeyed(const KeyedRows *rows)
 {
-    return m_rows.cell(int(m_order[std::size_t(row)]), column);
+    Q_ASSERT(m_keyed && rows->rowCount() == rowCount());
+    m_keyed = rows;
+}
+
+void TableModel::edit(const RowEdit &edit, const std::function<void()> &perform)
+{
+    switch (edit.kind) {
+    case RowEdit::Kind::Insert:
+        beginInsertRows({}, edit.row, edit.row);
+        perform();
+        endInsertRows();
+        break;
+    case RowEdit::Kind::Remove:
+        beginRemoveRows({}, edit.row, edit.row);
+        perform();
+        endRemoveRows();
+        break;
+    case RowEdit::Kind::Update:
+        perform();
+        Q_EMIT dataChanged(index(edit.row, 0), index(edit.row, columnCount() - 1));
+        break;
+    }
+}
+
+void TableModel::append(int rows, const std::function<void()> &perform)
+{
+    if (rows == 0)
+        return;
+    beginInsertRows({}, rowCount(), rowCount() + rows - 1);
+    perform();
+    endInsertRows();
+}
+
+QString TableModel::cell(int row, int column) const
+{
+    if (!m_keyed)
+        return m_rows->text(int(m_order[std::size_t(row)]), column);
+    try {
+        const std::string_view text = m_keyed->cell(row, column);
+        return QString::fromUtf8(text.data(), qsizetype(text.size()));
+    } catch (const Error &) {
+        return {}; // the next query says what is wrong
+    }
+}
+
+std::shared_ptr<const TableSource> TableModel::snapshot(std::vector<int> columns) const
+{
+    std::vector<ListColumn> shown;
+    for (const int column : columns)
+        shown.push_back(m_columns[std::size_t(column)]);
+    if (m_keyed)
+        return std::make_shared<KeyedSnapshot>(std::move(shown), std::move(columns), *m_keyed);
+    return std::make_shared<HeldSnapshot>(std::move(shown), std::move(columns), m_rows, m_order);
 }
 
 void TableModel::setColours(const QColor &text, const QColor &first, const QColor &second)
@@ -101,7 +224,9 @@ void TableModel::setColours(const QColor &text, const QColor &first, const QColo
 
 int TableModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : int(m_order.size());
+    if (parent.isValid())
+        return 0;
+    return m_keyed ? m_keyed->rowCount() : int(m_order.size());
 }
 
 int TableModel::columnCount(const QModelIndex &parent) const
@@ -133,7 +258,7 @@ QVariant TableModel::headerData(int section, Qt::Orientation orientation, int ro
 {
     if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
         return {};
-    const Column &column = m_columns[std::size_t(section)];
+    const ListColumn &column = m_columns[std::size_t(section)];
     if (role == Qt::DisplayRole)
         return column.title;
     if (role == Qt::TextAlignmentRole) {
@@ -148,32 +273,19 @@ Qt::ItemFlags TableModel::flags(const QModelIndex &index) const
     return QAbstractTableModel::flags(index) | (index.isValid() ? Qt::ItemNeverHasChildren : Qt::NoItemFlags);
 }
 
-bool TableModel::removeRows(int row, int count, const QModelIndex &parent)
-{
-    if (parent.isValid() || row < 0 || count < 1 || count > rowCount() - row)
-        return false;
-    beginRemoveRows(parent, row, row + count - 1);
-    std::vector<quint32> removed(m_order.begin() + row, m_order.begin() + row + count);
-    m_order.erase(m_order.begin() + row, m_order.begin() + row + count);
-    std::ranges::sort(removed);
-    for (auto last = removed.rbegin(); last != removed.rend(); ++last)
-        m_rows.removeRow(int(*last));
-    // The rows of the store have moved up by as many as went before them.
-    for (quint32 &stored : m_order)
-        stored -= quint32(std::ranges::lower_bound(removed, stored) - removed.begin());
-    endRemoveRows();
-    return true;
-}
-
 void TableModel::sort(int column, Qt::SortOrder order)
 {
     if (column >= columnCount())
         return;
+    if (m_keyed) {
+        Q_EMIT sortRequested(column, order);
+        return;
+    }
     Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
     const QModelIndexList before = persistentIndexList();
     std::vector<quint32> previous = std::move(m_order);
     if (column >= 0) {
-        m_order = sortedRows(m_rows, column, m_columns[std::size_t(column)].kind, order);
+        m_order = sortedRows(*m_rows, column, m_columns[std::size_t(column)].kind, order);
     } else {
         m_order.resize(previous.size());
         std::iota(m_order.begin(), m_order.end(), 0U);

@@ -1,5 +1,6 @@
 #include "bank/accounts.h"
 #include "bank/movement.h"
+#include "settings/database.h"
 #include "support/shop.h"
 #include "widgets/listview.h"
 
@@ -19,11 +20,11 @@ void addAccounts(TestProgram &program)
     accounts::add(program.database(), {u"Banco"_s, u"1000"_s, u""_s});
 }
 
-QString balances(TestProgram &program)
+QString balances()
 {
     QStringList texts;
-    for (const AccountBalance &account : accounts::balances(program.database(), true, nullptr))
-        texts << account.name + u' ' + account.current.grouped();
+    for (const AccountBalance &account : accounts::balances(openDatabase()))
+        texts << account.name + u' ' + account.current().grouped();
     return texts.join(u", "_s);
 }
 
@@ -126,7 +127,7 @@ void tst_movements::kindTypedInLowerCaseIsNoTransfer()
     shop.press(u"cmdadicionar"_s);
     QCOMPARE(movements(shop.program),
              u"1 | 2026/11/14 | transferência entre contas | Banco |  -  | 10,00 | Concluído |  \n"_s);
-    QCOMPARE(balances(shop.program), u"Cofre 1.000,00, Banco 1.000,00"_s);
+    QCOMPARE(balances(), u"Cofre 1.000,00, Banco 1.000,00"_s);
     shop.command(u"cmdremoverm"_s);
     QCOMPARE(shop.boxes.seen().join(u'\n'),
              u"information | Movimento bancário | Selecione um movimento na lista."_s);
@@ -137,7 +138,7 @@ void tst_movements::editing()
     Shop shop;
     addAccounts(shop.program);
     movement::add(shop.program.database(), deposit(u"Pendente"_s));
-    QCOMPARE(balances(shop.program), u"Cofre 1.000,00, Banco 1.000,00"_s);
+    QCOMPARE(balances(), u"Cofre 1.000,00, Banco 1.000,00"_s);
     shop.open();
     shop.list(u"lstmovimento"_s)->selectRow(0);
     QTest::keyClick(shop.list(u"lstmovimento"_s), Qt::Key_Return);

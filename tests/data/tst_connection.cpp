@@ -126,12 +126,25 @@ void TestConnection::queries()
 void TestConnection::planUsesIndexes()
 {
     TestProgram program;
+    const QString sums = u"SELECT rowid, estatus, valor, qtde FROM "_s;
     for (const auto &[sql, expected] :
          {std::pair(u"SELECT valor FROM pagar WHERE estatus like ('Concluído') AND origem like ('Itaú')"_s,
-                    u"COVERING INDEX pagar_saldo (origem=? AND estatus=?)"_s),
-          {u"SELECT * FROM receber where (cliente like 'Zé')"_s, u"INDEX receber_cliente (cliente=?)"_s},
+                    u"COVERING INDEX pagar_por_origem (origem=? AND estatus=?)"_s),
+          {u"SELECT movimento, valor FROM bancario WHERE estatus like 'x' AND destino like 'y'"_s,
+           u"COVERING INDEX bancario_por_destino (destino=? AND estatus=?)"_s},
           {u"SELECT * FROM bancario where(código like '5')"_s, u"PRIMARY KEY (rowid=?)"_s},
-          {u"SELECT DISTINCT origem FROM receber order by origem"_s, u"COVERING INDEX receber_saldo"_s}}) {
+          {u"SELECT DISTINCT origem FROM receber order by origem"_s, u"INDEX receber_por_origem (origem>?)"_s},
+          {sums + u"pagar where (estatus like '%%') order by vencimento"_s,
+           u"SCAN TABLE pagar USING COVERING INDEX pagar_por_vencimento\n"_s},
+          {sums + u"pagar where(data like '%2026/%') order by data"_s,
+           u"COVERING INDEX pagar_por_data (<expr>>? AND <expr><?)\n"_s},
+          {sums + u"receber WHERE data BETWEEN '2026/01/01' AND '2026/01/31'"_s,
+           u"COVERING INDEX receber_por_data (<expr>>? AND <expr><?)"_s},
+          {sums + u"pagar where (fornecedor like 'x') order by vencimento"_s,
+           u"COVERING INDEX pagar_por_fornecedor (fornecedor=?)"_s},
+          {sums + u"receber where (estatus like '%%')"_s, u"COVERING INDEX receber_por_codigo\n"_s},
+          {u"SELECT rowid, movimento, valor FROM bancario order by data"_s,
+           u"COVERING INDEX bancario_por_data\n"_s}}) {
         // "explain query plan" yields the plan's words in its last column.
         Statement plan =
             program.database().prepareNative("EXPLAIN QUERY PLAN " + dialect::translate(sql).sql.toUtf8());

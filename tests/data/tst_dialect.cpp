@@ -48,19 +48,36 @@ void TestDialect::translates()
                  "select * from banco order by [banco] -> "
                  "select * from banco ORDER BY [banco] COLLATE name_order, rowid\n"
                  "select * from pagar order by valor DESC, Data, código -> "
-                 "select * from pagar ORDER BY stored_amount(valor) DESC, Data, código, rowid\n"
+                 "select * from pagar ORDER BY stored_amount(valor) DESC, day(Data), código, rowid\n"
+                 "delete from pagar where (data like '23/11/2026') and [vencimento] not like '%2026/11/%' -> "
+                 "delete from pagar where (day(data) = '2026/11/23') and day([vencimento]) NOT BETWEEN "
+                 "'2026/11/' AND '2026/11/99/99'\n"
+                 "delete from pagar where(Data like '%/11/%' AND data like '%2026/%') or data like '%%' -> "
+                 "delete from pagar where(substr(day(Data), 6, 2) = '11' AND day(data) BETWEEN '2026/' AND "
+                 "'2026/99/99') or data IS NOT NULL\n"
+                 "delete from pagar where nascimento like '%/2_%' or nascimento like '%maio%' -> "
+                 "delete from pagar where day(nascimento) LIKE '%/2_%' or nascimento like '%maio%'\n"
+                 "UPDATE pagar SET data = '2026/11/23' WHERE data BETWEEN '01/11/2026' AND '2026/11/30' and "
+                 "vencimento >= '2026/01/01' -> UPDATE pagar SET data = '2026/11/23' WHERE day(data) BETWEEN "
+                 "'2026/11/01' AND '2026/11/30' and day(vencimento) >= '2026/01/01'\n"
                  "select banco from banco where a = 1 limit 3 -> "
                  "select banco from banco where a = 1 ORDER BY rowid limit 3\n"
                  "select p.nome from cliente as p -> select p.nome from cliente as p ORDER BY rowid\n"
                  "SELECT DISTINCT fornecedor FROM pagar where data > '2' order by fornecedor ASC -> "
                  "SELECT [fornecedor] FROM (SELECT DISTINCT fornecedor FROM pagar where data > '2') "
-                 "GROUP BY folded_text([fornecedor]) ORDER BY fornecedor COLLATE name_order ASC\n"
+                 "GROUP BY folded_text([fornecedor]) ORDER BY fornecedor COLLATE name_order\n"
                  "SELECT DISTINCT estado from cliente -> "
                  "SELECT [estado] FROM (SELECT estado, min(rowid) AS first_row from cliente GROUP BY estado) "
                  "GROUP BY folded_text([estado]) ORDER BY min(first_row)\n"
                  "SELECT DISTINCT [nome],[código] FROM [cliente] -> "
                  "SELECT [nome],[código] FROM [cliente] GROUP BY [nome], [código] ORDER BY min(rowid)"_s,
-                 [](const QString &written) { return dialect::translate(written).sql; });
+                 [](const QString &written) {
+                     QString sql = dialect::translate(written).sql;
+                     for (const QString &column :
+                          {u"Data"_s, u"data"_s, u"vencimento"_s, u"[vencimento]"_s, u"nascimento"_s})
+                         sql.replace(dialect::dateExpression(column), u"day("_s + column + u')');
+                     return sql;
+                 });
     for (const QString &same :
          {u"Delete from login where nome like '%a_' and [a] like '[x]%1' and b like 'ááááááá'"_s,
           u"Delete from t where a||b like 'x' and f(a) like 'y' and a like 'x'||'y'"_s,

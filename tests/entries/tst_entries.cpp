@@ -1,6 +1,7 @@
 #include "entries/entryfilter.h"
 #include "entries/entrylist.h"
 #include "stock/stock.h"
+#include "support/readlist.h"
 #include "support/samples.h"
 #include "support/testprogram.h"
 
@@ -70,10 +71,10 @@ void tst_entries::settledPayableOfANamedMonth()
         "('Concluído', '2026/10/30', '14/11/2026', 'a'), ('Pendente', '2025/10/30', '2026/11/20', 'b'), "
         "('Pendente', '2026/01/02', '2026/11/20', 'c')"_s);
     const EntryFilter month{u"Data vencimento"_s, {}, {}, {}, {}, u"apenas deste mês"_s};
-    const EntryList list =
-        entrylist::load(program.database(), payable(), entryfilter::query(payable(), month, today), nullptr);
-    QCOMPARE(list.rows.rowCount(), 2);
-    QCOMPARE(list.rows.text(0, 2) + list.rows.text(0, 5) + list.rows.text(1, 2) + list.rows.text(1, 5),
+    const KeyedList list = readList(entrylist::columns(payable()), EntryTotals(),
+                                    entryfilter::query(payable(), month, today));
+    QCOMPARE(list.rows().rowCount(), 2);
+    QCOMPARE(cellOf(list, 0, 2) + cellOf(list, 0, 5) + cellOf(list, 1, 2) + cellOf(list, 1, 5),
              u"a14/11/2026c20/11/2026"_s);
 }
 
@@ -187,7 +188,7 @@ void tst_entries::listAndTotals()
 {
     TestProgram program;
     const QString all = u"SELECT * FROM receber where (estatus like '%%')"_s;
-    QCOMPARE(entrylist::load(program.database(), receivable(), all, nullptr).totals.text(receivable()),
+    QCOMPARE(EntryTotals().text(receivable()),
              u"0 cadastrados  -  Total de lucros: 0,00  -  Total recebido: 0,00  -  Total pendente: 0,00 - "
              u"Quantidade de "
              "produtos (vendas): 0"_s);
@@ -198,14 +199,11 @@ void tst_entries::listAndTotals()
     form.currency = u"€"_s;
     form.quantity = u"2,5"_s;
     entry::save(program.database(), receivable(), form, {});
-    const EntryList list = entrylist::load(program.database(), receivable(), all, nullptr);
-    QCOMPARE(list.totals.text(receivable()), u"2 cadastrados  -  Total de lucros: R$ 2.469,00  -  Total "
+    const KeyedList list = readList(entrylist::columns(receivable()), EntryTotals(), all);
+    QCOMPARE(static_cast<const EntryTotals &>(list.totals()).text(receivable()), u"2 cadastrados  -  Total de lucros: R$ 2.469,00  -  Total "
                                              u"recebido: R$ 1.234,50  -  Total pendente: R$ "
                                              "1.234,50 - Quantidade de produtos (vendas): 7,5"_s);
-    QStringList cells;
-    for (int column = 0; column < list.rows.columnCount(); ++column)
-        cells << list.rows.text(1, column);
-    QCOMPARE(cells.join(u'|'),
+    QCOMPARE(linesOf(list, u"|"_s).section(u'\n', 1, 1),
              u"2|14/11/2026|Aluguel|NF 7 |Ana|10/12/2026|€ 1.234,50|3,00|Café|2,5|Concluído|Caixa| "_s);
 }
 

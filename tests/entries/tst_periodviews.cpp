@@ -1,6 +1,7 @@
 #include "data/clock.h"
 #include "entries/frmvisualizar.h"
 #include "settings/settings.h"
+#include "support/readlist.h"
 #include "support/testprogram.h"
 #include "widgets/listview.h"
 
@@ -31,14 +32,16 @@ void addRows(TestProgram &program, const QString &table)
 }
 
 /// The summary, and the dates in the order of the rows.
-QString shown(TestProgram &program, const ViewKind &kind, ViewPeriod period)
+QString shown(const ViewKind &kind, ViewPeriod period)
 {
     const ViewPeriod shownPeriod = periodview::shownPeriod(kind, period);
-    const ViewList list = kind.load(program.database(), periodview::query(kind, shownPeriod, today), nullptr);
-    QString text = list.rows.rowCount() > 0 ? periodview::title(kind, shownPeriod) + u'\n' : QString();
-    text += periodview::summary(kind, shownPeriod, list.totals);
-    for (int row = 0; row < list.rows.rowCount(); ++row)
-        text += u"\n"_s + list.rows.text(row, 1);
+    const KeyedList list =
+        readList(kind.columns(), FigureTotals(), periodview::query(kind, shownPeriod, today));
+    const int rows = list.rows().rowCount();
+    QString text = rows > 0 ? periodview::title(kind, shownPeriod) + u'\n' : QString();
+    text += periodview::summary(kind, shownPeriod, static_cast<const FigureTotals &>(list.totals()).figures);
+    for (int row = 0; row < rows; ++row)
+        text += u"\n"_s + cellOf(list, row, 1);
     return text;
 }
 
@@ -60,17 +63,17 @@ void tst_periodviews::summariesAndRows()
     TestProgram program;
     for (const QString &table : {u"pagar"_s, u"receber"_s, u"bancario"_s})
         addRows(program, table);
-    QCOMPARE(shown(program, payableView(), ViewPeriod::Day),
+    QCOMPARE(shown(payableView(), ViewPeriod::Day),
              u"Movimento do dia de contas a pagar\nTotal de cadastros hoje (1): Total de despesas: R$ 1,00  "
              u"-  Total concluído: R$ 0,00  -  "
              u"Total pendente: "
              "R$ 1,00\n14/11/2026"_s);
-    QCOMPARE(shown(program, receivableView(), ViewPeriod::Month),
+    QCOMPARE(shown(receivableView(), ViewPeriod::Month),
              u"Movimento do mês de contas a receber\nTotal de cadastros neste mês (2): Total de lucros: R$ "
              u"1.001,00  -  Total concluído: R$ "
              u"1.000,00  -  Total "
              "pendente: R$ 1,00\n01/11/2026\n14/11/2026"_s);
-    QCOMPARE(shown(program, bankView(), ViewPeriod::Year),
+    QCOMPARE(shown(bankView(), ViewPeriod::Year),
              u"Movimento anual - bancário\nTotal de cadastros neste ano (3): Total de movimento bancário: R$ "
              u"11.001,00  -  Total "
              u"concluído: R$ "
@@ -82,7 +85,7 @@ void tst_periodviews::withoutRows()
     TestProgram program;
     for (const ViewKind *kind : {&payableView(), &receivableView(), &bankView()})
         QCOMPARE(
-            shown(program, *kind, ViewPeriod::Month),
+            shown(*kind, ViewPeriod::Month),
             u"0 cadastros  -  Total de movimento: 0,00  -  Total Conluido: 0,00  -  Total pendente: 0,00"_s);
 }
 
@@ -92,11 +95,11 @@ void tst_periodviews::bankViewsAreLimitedByTheSettings()
     addRows(program, u"pagar"_s);
     addRows(program, u"bancario"_s);
     settings::setValue(settings::bankViewPeriod, u"1"_s);
-    QVERIFY(shown(program, bankView(), ViewPeriod::Year).contains(u"Total de cadastros neste mês (2)"_s));
-    QVERIFY(shown(program, bankView(), ViewPeriod::Day).contains(u"Total de cadastros hoje (1)"_s));
-    QVERIFY(shown(program, payableView(), ViewPeriod::Year).contains(u"Total de cadastros neste ano (3)"_s));
+    QVERIFY(shown(bankView(), ViewPeriod::Year).contains(u"Total de cadastros neste mês (2)"_s));
+    QVERIFY(shown(bankView(), ViewPeriod::Day).contains(u"Total de cadastros hoje (1)"_s));
+    QVERIFY(shown(payableView(), ViewPeriod::Year).contains(u"Total de cadastros neste ano (3)"_s));
     settings::setValue(settings::bankViewPeriod, u"2"_s);
-    QVERIFY(shown(program, bankView(), ViewPeriod::Month).contains(u"Total de cadastros neste mês (2)"_s));
+    QVERIFY(shown(bankView(), ViewPeriod::Month).contains(u"Total de cadastros neste mês (2)"_s));
 }
 
 void tst_periodviews::screenFollowsChangesAndItsMenu()

@@ -33,7 +33,7 @@ namespace {
 
 std::shared_ptr<const TableSource> table(const QList<QStringList> &lines)
 {
-    std::vector<Column> columns;
+    std::vector<ListColumn> columns;
     for (const QString &title : lines.constFirst())
         columns.push_back({title, title, title == u"Valor" ? CellKind::Amount : CellKind::Text});
     RowStore rows(int(columns.size()));

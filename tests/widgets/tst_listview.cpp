@@ -29,7 +29,7 @@ RowStore rowsOf(const std::vector<std::string_view> &lines)
     return rows;
 }
 
-std::vector<Column> columns()
+std::vector<ListColumn> columns()
 {
     return {{u"codigo"_s, u"Código"_s, CellKind::Number, 0},
             {u"data"_s, u"Data"_s, CellKind::Date, 90},
@@ -79,7 +79,6 @@ private Q_SLOTS:
     void rowStoreKeepsTexts();
     void modelContract();
     void sortsByKind();
-    void removesRows();
     void headerClicksSortAndGiveTheOrderBack();
     void newRowsKeepSelectionAndPlace();
     void keysActOnRows();
@@ -96,10 +95,6 @@ void tst_listview::rowStoreKeepsTexts()
     QCOMPARE(rows.text(6, 1), u"ação"_s);
     QVERIFY(rows.cell(7, 1) == large);
     QCOMPARE(rows.text(19999, 0) + rows.text(19999, 2), u"19999"_s);
-    const qint64 before = rows.textBytes();
-    rows.removeRow(7);
-    QCOMPARE(rows.textBytes(), before - qint64(large.size()) - 1);
-    QCOMPARE(rows.text(7, 0), u"8"_s);
 }
 
 void tst_listview::modelContract()
@@ -110,10 +105,7 @@ void tst_listview::modelContract()
     table.setRows(entries());
     table.setColours(Qt::red, Qt::white, {});
     table.sort(2, Qt::AscendingOrder);
-    QVERIFY(table.removeRows(1, 2));
-    table.sort(-1, Qt::AscendingOrder);
-    QVERIFY(!table.removeRows(2, 2));
-    QCOMPARE(keys(table), u"1 2 11"_s);
+    QCOMPARE(keys(table), u"1 10 3 11 2"_s);
     QCOMPARE(table.index(0, 2).data(Qt::ForegroundRole), QVariant(QColor(Qt::red)));
     QCOMPARE(table.index(0, 2).data(Qt::BackgroundRole), QVariant(QColor(Qt::white)));
     QCOMPARE(table.index(1, 2).data(Qt::BackgroundRole), QVariant());
@@ -136,20 +128,6 @@ void tst_listview::sortsByKind()
                      table.sort(column.toInt(), Qt::DescendingOrder);
                      return ascending + u", "_s + keys(table);
                  });
-}
-
-void tst_listview::removesRows()
-{
-    Shown shown;
-    TableModel &table = shown.list.table();
-    shown.list.selectRow(4);
-    table.sort(2, Qt::AscendingOrder); // 1 10 3 11 2
-    QCOMPARE(shown.list.selectedRow(), 3);
-    QVERIFY(table.removeRows(0, 2));
-    QCOMPARE(keys(table), u"3 11 2"_s);
-    QCOMPARE(shown.list.cell(shown.list.selectedRow(), 2), u"Bola"_s);
-    table.sort(0, Qt::AscendingOrder);
-    QCOMPARE(keys(table), u"2 3 11"_s);
 }
 
 void tst_listview::headerClicksSortAndGiveTheOrderBack()

@@ -1,0 +1,60 @@
+#include "widgets/listpane.h"
+
+#include "widgets/messages.h"
+
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+
+ListPane::ListPane(QWidget *parent) : QWidget(parent)
+{
+}
+
+void ListPane::setUp(ListView *list, QLabel *totals, ListFeed *feed)
+{
+    m_list = list;
+    m_totals = totals;
+    m_feed = feed;
+    m_totals->setText(totalsText());
+    connect(&m_filters, &FilterBoxes::changed, this, &ListPane::reload);
+    connect(feed, &ListFeed::loaded, this, &ListPane::listLoaded);
+    connect(feed, &ListFeed::failed, this, [this](const Error &error) {
+        m_filters.revert();
+        m_totals->setText(totalsText());
+        messages::error(window(), messages::generalPrefix, error);
+    });
+}
+
+bool ListPane::reload()
+{
+    const bool begun = messages::guarded(window(), messages::generalPrefix, [this] { m_feed->load(query()); });
+    if (!begun)
+        m_filters.revert();
+    else if (m_feed->isLoading())
+        m_totals->setText(u"Lendo os dados…"_s);
+    return begun;
+}
+
+bool ListPane::reloadUnfiltered()
+{
+    m_filters.reset();
+    return reload();
+}
+
+bool ListPane::follow(const Change &change)
+{
+    if (m_isStale)
+        return reload();
+    return messages::guarded(window(), messages::generalPrefix, [&] { m_feed->follow(change); });
+}
+
+void ListPane::listLoaded()
+{
+    m_isStale = false;
+    m_totals->setText(totalsText());
+    messages::guarded(window(), messages::generalPrefix, [this] {
+        m_filters.accept();
+        refillFilterBoxes();
+    });
+    Q_EMIT loaded();
+}

@@ -1,0 +1,295 @@
+#include "data/schema.h"
+#include "entries/entry.h"
+#include "entries/entryfilter.h"
+#include "entries/entrylist.h"
+#include "sales/stocklists.h"
+#include "settings/database.h"
+#include "support/readlist.h"
+#include "support/samples.h"
+#include "support/testprogram.h"
+#include "widgets/tablemodel.h"
+
+#include <QAbstractItemModelTester>
+#include <QRandomGenerator>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QDate today(2026, 11, 14);
+
+QString shown(const KeyedList &list, const Side &side)
+{
+    return linesOf(list) + static_cast<const EntryTotals &>(list.totals()).text(side);
+}
+
+/// An entry whose every field is drawn from few values, so that rows tie, match and differ.
+EntryForm drawn(QRandomGenerator &random)
+{
+    const auto pick = [&](std::initializer_list<QString> values) {
+        return *(values.begin() + random.bounded(int(values.size())));
+    };
+    EntryForm form = sampleEntry();
+    form.status = pick({u"Pendente"_s, u"Concluído"_s});
+    form.account = pick({u"Caixa"_s, u"caixa"_s, u"Banco"_s});
+    form.contact = pick({u"Ana"_s, u"Ágata"_s, u"bento"_s});
+    form.date = pick({u"14/11/2026"_s, u"01/02/2026"_s, u"31/12/2025"_s});
+    form.due = pick({u"14/11/2026"_s, u"02/11/2026"_s, u"30/01/2027"_s});
+    form.value = pick({u"1,00"_s, u"10,00"_s, u"9,50"_s, u"1.000,00"_s});
+    form.product = u"-"_s;
+    return form;
+}
+
+struct Case
+{
+    const Side &side;
+    EntryFilter filter;
+    std::optional<HeadingSort> sort;
+};
+
+std::vector<Case> cases()
+{
+    const auto heading = [](const Side &side, QStringView key, bool descending) {
+        return HeadingSort{entrylist::columns(side)[std::size_t(entrylist::columnOf(side, key))], descending};
+    };
+    EntryFilter due;
+    due.basedOn = u"Data vencimento"_s;
+    EntryFilter month = due, pending = due, account = due;
+    month.period = u"apenas deste mês"_s;
+    pending.status = u"Pendentes"_s;
+    account.account = u"CAIXA"_s;
+    return {{payable(), due, {}},
+            {payable(), month, {}},
+            {payable(), pending, heading(payable(), u"valor", true)},
+            {payable(), account, heading(payable(), u"fornecedor", false)},
+            {receivable(), {}, {}},
+            {receivable(), {}, heading(receivable(), u"vencimento", true)},
+            {receivable(), account, heading(receivable(), u"id", true)}};
+}
+
+} // namespace
+
+class tst_lists : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void settledDatesStandAmongTheOthers();
+    void followedListsEqualReadOnes();
+    void headingsOrderAsTheStoreDoes();
+    void computedHeadingsOrderByTheirNumber();
+    void foreignWritesTakeReadingAgain();
+    void anotherFileIsNeverShown();
+    void snapshotsStay();
+    void sumsBeyondTheRangeAreShownAsSuch();
+};
+
+void tst_lists::settledDatesStandAmongTheOthers()
+{
+    TestProgram program;
+    program.run(u"insert into pagar (estatus, data, vencimento, descricao, valor) values "
+                "('Concluído', '2026/01/01', '01/07/2026', 'c', '1'), ('Pendente', '2026/01/01', "
+                "'2026/02/01', 'b', '2'), ('Concluído', '2026/01/01', '02/01/2024', 'a', '4'), "
+                "('Pendente', '2026/01/01', ' ', 'blank', '8'), ('Pendente', '2026/01/01', 'amanhã', "
+                "'foreign', '16'), ('Pendente', '2026/01/01', '2026/07/02', 'd', '32')"_s);
+    const auto names = [](const QString &sql) {
+        const KeyedList list = readList(entrylist::columns(payable()), EntryTotals(), sql);
+        QStringList found;
+        for (int row = 0; row < list.rows().rowCount(); ++row)
+            found << cellOf(list, row, 2);
+        return found.join(u' ');
+    };
+    QCOMPARE(names(u"SELECT * FROM pagar where (estatus like '%%') order by vencimento"_s),
+             u"blank foreign a b c d"_s);
+    QCOMPARE(names(u"SELECT * FROM pagar where (estatus like '%%') order by vencimento desc"_s),
+             u"d c b a blank foreign"_s);
+    QCOMPARE(names(u"SELECT * FROM pagar where(vencimento like '%2026/%') order by vencimento"_s),
+             u"b c d"_s);
+    QCOMPARE(names(u"SELECT * FROM pagar where(vencimento like '%/07/%' AND data like '%2026/%')"_s),
+             u"c d"_s);
+    QCOMPARE(names(u"SELECT * FROM pagar where(vencimento like '2026/07/01')"_s), u"c"_s);
+    QCOMPARE(names(u"SELECT * FROM pagar WHERE vencimento BETWEEN '2024/01/01' AND '2026/07/01'"_s),
+             u"c b a"_s);
+}
+
+/// Random commands: after each, the lists that followed the notices are those that a fresh window would read.
+void tst_lists::followedListsEqualReadOnes()
+{
+    TestProgram program;
+    QRandomGenerator random(6);
+    for (int i = 0; i < 40; ++i)
+        for (const Side *side : {&payable(), &receivable()})
+            entry::save(program.database(), *side, drawn(random), {});
+    const std::vector<Case> all = cases();
+    std::vector<KeyedList> lists;
+    const auto fresh = [&](const Case &one) {
+        return readList(entrylist::columns(one.side), EntryTotals(),
+                        entryfilter::query(one.side, one.filter, today), one.sort);
+    };
+    for (const Case &one : all)
+        lists.push_back(fresh(one));
+    int followed = 0;
+    QObject scope;
+    connect(&Changes::instance(), &Changes::changed, &scope, [&](const Change &change) {
+        const auto observer = [](const RowEdit &, const std::function<void()> &perform) { perform(); };
+        for (std::size_t i = 0; i < all.size(); ++i)
+            if (all[i].side.subject == change.subject)
+                followed += lists[i].apply(program.database(), change.rows, observer);
+    });
+    int expected = 0;
+    for (int command = 0; command < 150; ++command) {
+        const Side &side = random.bounded(2) == 0 ? payable() : receivable();
+        const QStringList codes =
+            program.rows(u"select código from "_s + side.table).split(u'\n', Qt::SkipEmptyParts);
+        const QString code = codes.at(random.bounded(int(codes.size())));
+        switch (random.bounded(4)) {
+        case 0:
+            entry::save(program.database(), side, drawn(random), {});
+            break;
+        case 1:
+            entry::save(program.database(), side, drawn(random), code);
+            break;
+        case 2:
+            entry::settle(program.database(), side, code, today.addDays(random.bounded(60) - 30));
+            break;
+        default:
+            entry::remove(program.database(), side, {{code, u"-"_s, {}}});
+            break;
+        }
+        for (std::size_t i = 0; i < all.size(); ++i) {
+            expected += all[i].side.subject == side.subject;
+            QCOMPARE(shown(lists[i], all[i].side), shown(fresh(all[i]), all[i].side));
+        }
+    }
+    QCOMPARE(followed, expected); // none was read again
+}
+
+void tst_lists::headingsOrderAsTheStoreDoes()
+{
+    TestProgram program;
+    QRandomGenerator random(7);
+    for (int i = 0; i < 300; ++i)
+        entry::save(program.database(), payable(), drawn(random), {});
+    program.run(u"update pagar set fornecedor = null where código like '7'"_s);
+    for (const ListColumn &column : entrylist::columns(payable())) {
+        for (const bool descending : {false, true}) {
+            const KeyedList list =
+                readList(entrylist::columns(payable()), EntryTotals(),
+                         u"SELECT * FROM pagar where (origem like 'Caixa') order by vencimento"_s,
+                         HeadingSort{column, descending});
+            QString keys;
+            for (int row = 0; row < list.rows().rowCount(); ++row)
+                keys += QString::number(list.rows().key(row)) + u'\n';
+            QCOMPARE(keys, program.rows(u"SELECT código FROM pagar where (origem like 'Caixa') order by ["_s +
+                                        column.source() + (descending ? u"] desc"_s : u"] asc"_s) +
+                                        u", vencimento"_s));
+        }
+    }
+}
+
+void tst_lists::computedHeadingsOrderByTheirNumber()
+{
+    TestProgram program;
+    program.run(u"insert into receber (estatus, data, valor, custo, moeda, produto, qtde) values "
+                "('Pendente', '2026/01/01', '3,00', '1,00', 'R$', 'a', '1'), "
+                "('Pendente', '2026/01/01', '30,00', '20,00', 'R$', 'b', '1'), "
+                "('Pendente', '2026/01/01', '1,00', '5,00', 'R$', 'c', '1')"_s);
+    const std::vector<ListColumn> columns = stocklists::columns(sales());
+    const auto markup = std::ranges::find(columns, u"margem"_s, &ListColumn::key);
+    const KeyedList list = readList(columns, StockTotals(sales()), stocklists::query(sales(), {}, today),
+                                    HeadingSort{*markup, true});
+    QString markups;
+    for (int row = 0; row < list.rows().rowCount(); ++row)
+        markups += cellOf(list, row, int(markup - columns.begin())) + u' ';
+    QCOMPARE(markups, u"200,00% 50,00% -80,00% "_s);
+}
+
+void tst_lists::foreignWritesTakeReadingAgain()
+{
+    TestProgram program;
+    entry::save(program.database(), payable(), sampleEntry(), {});
+    KeyedList list = readList(entrylist::columns(payable()), EntryTotals(), u"SELECT * FROM pagar"_s);
+    const auto other = Connection::open(databasePath(), schema::password.toString());
+    other->execute(u"update pagar set valor = '5,00' where código like '1'"_s);
+    std::vector<RowChange> noticed;
+    QObject scope;
+    connect(&Changes::instance(), &Changes::changed, &scope, [&](const Change &change) {
+        if (change.subject == Subject::Payables)
+            noticed = change.rows;
+    });
+    entry::settle(program.database(), payable(), u"1"_s, today);
+    QCOMPARE(noticed.size(), std::size_t(1));
+    QVERIFY(!list.apply(program.database(), noticed,
+                        [](const RowEdit &, const std::function<void()> &perform) { perform(); }));
+    other->execute(u"delete from pagar where código like '1'"_s);
+    list.rows().refresh();
+    QCOMPARE(cellOf(list, 0, 2), QString()); // the row is gone, and the cell nobody else's
+}
+
+void tst_lists::anotherFileIsNeverShown()
+{
+    TestProgram program;
+    entry::save(program.database(), payable(), sampleEntry(), {});
+    const KeyedList list = readList(entrylist::columns(payable()), EntryTotals(), u"SELECT * FROM pagar"_s);
+    const QString other = program.file(u"outro.qorvex"_s);
+    schema::createFile(other);
+    Connection::open(other, schema::password.toString())
+        ->execute(u"insert into pagar (descricao, valor) values ('alheio', '9,00')"_s);
+    int announced = 0;
+    QObject scope;
+    connect(&Changes::instance(), &Changes::changed, &scope,
+            [&](const Change &change) { announced += change.subject == Subject::Database; });
+    // Copied over, byte for byte: the file keeps its place on the disk.
+    QFile from(other), to(databasePath());
+    QVERIFY(from.open(QIODevice::ReadOnly) && to.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    QVERIFY(to.write(from.readAll()) > 0);
+    to.close();
+    list.rows().refresh();
+    QVERIFY_THROWS_EXCEPTION(Error, list.rows().cell(0, 2));
+    QVERIFY_THROWS_EXCEPTION(Error, openDatabase(list.rows().serial()));
+    QCoreApplication::processEvents();
+    QCOMPARE(announced, 1);
+    QCOMPARE(program.rows(u"select descricao from pagar"_s), u"alheio\n"_s);
+}
+
+void tst_lists::snapshotsStay()
+{
+    TestProgram program;
+    for (int i = 0; i < 3; ++i)
+        entry::save(program.database(), payable(), sampleEntry(), {});
+    KeyedList list = readList(entrylist::columns(payable()), EntryTotals(), u"SELECT * FROM pagar"_s);
+    TableModel model;
+    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    model.setColumns(list.columns());
+    model.showKeyed(&list.rows());
+    const auto snapshot = model.snapshot({0, 2});
+    QObject scope;
+    connect(&Changes::instance(), &Changes::changed, &scope, [&](const Change &change) {
+        if (change.subject == Subject::Payables)
+            QVERIFY(list.apply(program.database(), change.rows,
+                               [&](const RowEdit &edit, const std::function<void()> &perform) {
+                                   model.edit(edit, perform);
+                               }));
+    });
+    entry::remove(program.database(), payable(), {{u"2"_s, u"-"_s, {}}});
+    QCOMPARE(model.rowCount(), 2);
+    QCOMPARE(model.index(1, 0).data().toString(), u"3"_s);
+    QCOMPARE(snapshot->rowCount(), 3);
+    QCOMPARE(snapshot->cell(0, 1) + u'|' + snapshot->cell(1, 1) + u'|' + snapshot->cell(2, 0),
+             u"Aluguel||3"_s);
+}
+
+void tst_lists::sumsBeyondTheRangeAreShownAsSuch()
+{
+    TestProgram program;
+    program.run(u"insert into pagar (estatus, valor) values ('Pendente', '900.000.000.000.000,00'), "
+                "('Pendente', '900.000.000.000.000,00'), ('Concluído', '1,00')"_s);
+    const KeyedList list = readList(entrylist::columns(payable()), EntryTotals(), u"SELECT * FROM pagar"_s);
+    QCOMPARE(static_cast<const EntryTotals &>(list.totals()).text(payable()),
+             u"3 cadastros  -  Total de despesas: R$ valor grande demais  -  Total pago: R$ 1,00  -  Total "
+             "pendente: R$ valor grande demais - Quantidade de produtos (entrada): 0"_s);
+}
+
+QTEST_MAIN(tst_lists)
+#include "tst_lists.moc"
