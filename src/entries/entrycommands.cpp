@@ -73,27 +73,31 @@ void EntryCommands::remove()
         }
         removals.push_back(*removal);
     }
-    const bool removed = messages::guarded(&m_pane, messages::removePrefix,
-                                           [&] { entry::remove(*openDatabase(), m_pane.side(), removals); });
-    if (removed)
-        Q_EMIT changed();
+    tellAfter(u"Remover"_s, messages::removePrefix,
+              [&] { return entry::remove(*openDatabase(), m_pane.side(), removals); });
 }
 
 void EntryCommands::settle()
 {
-    const int row = selectedOrTell();
-    if (row < 0)
+    if (selectedOrTell() < 0)
         return;
-    const QString code = entry::plainCode(m_pane.list().cell(row, 0));
-    if (!messages::question(&m_pane, u"Efetuar baixa"_s, m_pane.side().settleQuestion))
+    QStringList codes;
+    for (const int row : m_pane.list().selectedRows())
+        codes << entry::plainCode(m_pane.list().cell(row, 0));
+    if (!messages::question(&m_pane, u"Efetuar baixa"_s,
+                            codes.size() == 1 ? m_pane.side().settleQuestion
+                                              : m_pane.side().settleSeveralQuestion.arg(codes.size())))
         return;
+    tellAfter(u"Efetuar baixa"_s, u"Ocorreu o seguinte erro ao tentar efetuar a baixa: ",
+              [&] { return entry::settle(*openDatabase(), m_pane.side(), codes, programclock::today()); });
+}
+
+void EntryCommands::tellAfter(const QString &title, QStringView prefix, const std::function<bool()> &work)
+{
     bool found = false;
-    const bool settled =
-        messages::guarded(&m_pane, u"Ocorreu o seguinte erro ao tentar efetuar a baixa: ", [&] {
-            found = entry::settle(*openDatabase(), m_pane.side(), code, programclock::today());
-        });
-    if (settled && !found)
-        messages::information(&m_pane, u"Efetuar baixa"_s, u"Este lançamento não existe mais."_s);
-    if (settled)
-        Q_EMIT changed();
+    if (!messages::guarded(&m_pane, prefix, [&] { found = work(); }))
+        return;
+    if (!found)
+        messages::information(&m_pane, title, u"Este lançamento não existe mais."_s);
+    Q_EMIT changed();
 }
