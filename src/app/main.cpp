@@ -1,10 +1,10 @@
+#include "app/application.h"
 #include "app/frmprincipal.h"
 #include "app/icons.h"
 #include "settings/database.h"
 #include "settings/programfolder.h"
 #include "widgets/messages.h"
 
-#include <QApplication>
 #include <QCommandLineParser>
 #include <QLibraryInfo>
 #include <QLocale>
@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 int main(int argc, char *argv[])
 {
     QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
-    QApplication app(argc, argv);
+    Application app(argc, argv);
     QApplication::setApplicationName(u"tavaro"_s);
     QApplication::setApplicationVersion(QStringLiteral(TAVARO_VERSION));
     QTranslator texts;

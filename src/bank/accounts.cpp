@@ -3,7 +3,9 @@
 #include "bank/movement.h"
 #include "data/formtext.h"
 #include "data/like.h"
+#include "data/literal.h"
 #include "data/recordset.h"
+#include "data/rows.h"
 #include "data/status.h"
 
 using namespace Qt::StringLiterals;
@@ -12,9 +14,10 @@ namespace {
 
 const QString newLine = u"\r\n"_s;
 
-QString byName(const QString &name)
+std::optional<Recordset> byName(Connection &connection, const QString &name)
 {
-    return u"SELECT * FROM banco where(banco like '"_s + name + u"')"_s;
+    return rows::named(connection, u"FROM banco where(banco like "_s + sql::literal(name) + u")"_s, u"banco",
+                       name);
 }
 
 /// The sum of `valor` over the settled rows of a table that meet the condition, each amount rounded to cents
@@ -98,8 +101,8 @@ bool BalanceLoad::run(const QDeadlineTimer &until)
 {
     while (m_next < m_balances.size()) {
         AccountBalance &account = m_balances[m_next++];
-        const QString origin = u"origem like ('"_s + account.name + u"')"_s;
-        const QString destination = u"destino like ('"_s + account.name + u"')"_s;
+        const QString origin = u"origem like ("_s + sql::literal(account.name) + u")"_s;
+        const QString destination = u"destino like ("_s + sql::literal(account.name) + u")"_s;
         account.moved -= settledSum(*m_connection, u"pagar"_s, origin);
         account.moved += settledSum(*m_connection, u"receber"_s, origin);
         account.moved += movementSum(*m_connection, origin, destination);
@@ -207,36 +210,37 @@ void add(Connection &connection, const AccountForm &form)
     row.set(u"banco", form.name);
     row.set(u"informacoes", formtext::freeText(form.notes));
     row.set(u"saldo", openingText(form));
-    row.update();
+    transaction.note(Subject::Accounts, row.update());
     transaction.commit();
 }
 
 void change(Connection &connection, const QString &name, const AccountForm &form)
 {
     Transaction transaction(connection);
-    Recordset row(connection, byName(name));
-    if (!row.nextNamed(u"banco", name))
+    std::optional<Recordset> row = byName(connection, name);
+    if (!row)
         throw Error(Error::Kind::Data, u"o caixa/banco \"%1\" não existe mais."_s.arg(name));
-    row.set(u"informacoes", formtext::freeText(form.notes));
-    row.set(u"saldo", openingText(form));
-    row.update();
+    row->set(u"informacoes", formtext::freeText(form.notes));
+    row->set(u"saldo", openingText(form));
+    transaction.note(Subject::Accounts, row->update());
     transaction.commit();
 }
 
 void remove(Connection &connection, const QString &name)
 {
     Transaction transaction(connection);
-    connection.execute(u"Delete FROM banco where (banco like '"_s + name + u"')"_s);
+    rows::removeNamed(connection, transaction, Subject::Accounts,
+                      u"FROM banco where (banco like "_s + sql::literal(name) + u")"_s, u"banco", name);
     transaction.commit();
 }
 
 std::optional<AccountForm> load(Connection &connection, const QString &name)
 {
-    Recordset row(connection, byName(name));
-    if (!row.nextNamed(u"banco", name))
+    const std::optional<Recordset> row = byName(connection, name);
+    if (!row)
         return std::nullopt;
-    return AccountForm{row.text(u"banco"), Money::stored(row.text(u"saldo")).grouped(),
-                       row.text(u"informacoes")};
+    return AccountForm{row->text(u"banco"), Money::stored(row->text(u"saldo")).grouped(),
+                       row->text(u"informacoes")};
 }
 
 } // namespace accounts

@@ -84,7 +84,8 @@ std::optional<QString> problem(const AccountForm &form);
 void add(Connection &connection, const AccountForm &form);
 /// Rewrites opening balance and notes of the account `name`; the name stays.
 void change(Connection &connection, const QString &name, const AccountForm &form);
-/// Entries that name the account are left as they are.
+/// Entries that name the account are left as they are. Throws Error when it is no longer there, or when its
+/// name is a pattern that reaches other accounts; then nothing has changed.
 void remove(Connection &connection, const QString &name);
 std::optional<AccountForm> load(Connection &connection, const QString &name);
 

@@ -2,21 +2,14 @@
 #include "ui_frmbanco.h"
 
 #include "bank/accounts.h"
-#include "data/changes.h"
-#include "settings/database.h"
-#include "widgets/background.h"
-#include "widgets/formkeys.h"
 #include "widgets/messages.h"
 
 using namespace Qt::StringLiterals;
 
-frmbanco::frmbanco(QWidget *parent) : QDialog(parent), m_ui(std::make_unique<Ui::frmbanco>())
+frmbanco::frmbanco(QWidget *parent) : Screen(parent), m_ui(std::make_unique<Ui::frmbanco>())
 {
     m_ui->setupUi(this);
-    setAttribute(Qt::WA_DeleteOnClose);
-    background::apply(this);
-    formkeys::enterMovesOn(this);
-    formkeys::modalOverDialog(this);
+    prepare();
     connect(m_ui->cmdinserir, &QPushButton::clicked, this, &frmbanco::save);
     connect(m_ui->cmdcancelar, &QPushButton::clicked, this, &QDialog::close);
 }
@@ -25,22 +18,19 @@ frmbanco::~frmbanco() = default;
 
 frmbanco *frmbanco::openNew(QWidget *parent)
 {
-    auto *screen = new frmbanco(parent);
-    screen->show();
-    return screen;
+    return shown(std::make_unique<frmbanco>(parent));
 }
 
-frmbanco *frmbanco::openEdit(const QString &name, QWidget *parent)
+frmbanco *frmbanco::openEdit(const QString &name, QWidget *parent, quint64 listed)
 {
+    auto screen = std::make_unique<frmbanco>(parent);
     std::optional<AccountForm> account;
-    if (!messages::guarded(parent, messages::generalPrefix,
-                           [&] { account = accounts::load(*openDatabase(), name); }))
+    if (!screen->loadRow(listed, u"Caixa/Banco"_s, u"Este caixa/banco não existe mais."_s,
+                         [&](Connection &connection) {
+                             account = accounts::load(connection, name);
+                             return account.has_value();
+                         }))
         return nullptr;
-    if (!account) {
-        messages::information(parent, u"Caixa/Banco"_s, u"Este caixa/banco não existe mais."_s);
-        return nullptr;
-    }
-    auto *screen = new frmbanco(parent);
     screen->setObjectName(u"frmeditarbanco"_s);
     screen->setWindowTitle(u"Editar Banco/Caixa"_s);
     screen->m_editedName = account->name;
@@ -50,8 +40,7 @@ frmbanco *frmbanco::openEdit(const QString &name, QWidget *parent)
     screen->m_ui->txtvalor->setText(account->opening);
     screen->m_ui->txtinfo->setPlainText(account->notes.trimmed());
     screen->m_ui->txtvalor->setFocus();
-    screen->show();
-    return screen;
+    return shown(std::move(screen));
 }
 
 void frmbanco::save()
@@ -64,16 +53,10 @@ void frmbanco::save()
         m_ui->cmdinserir->setFocus(); // a disabled button had to give it away
         return;
     }
-    const bool saved = messages::guarded(this, messages::savePrefix, [&] {
-        const std::shared_ptr<Connection> database = openDatabase();
-        Connection &connection = *database;
+    saveAndClose([&](Connection &connection) {
         if (m_editedName.isEmpty())
             accounts::add(connection, form);
         else
             accounts::change(connection, m_editedName, form);
     });
-    if (!saved)
-        return;
-    close();
-    Changes::announce(Subject::Accounts);
 }

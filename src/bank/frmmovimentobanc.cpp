@@ -4,21 +4,16 @@
 #include "data/changes.h"
 #include "data/clock.h"
 #include "data/status.h"
-#include "settings/database.h"
-#include "widgets/background.h"
 #include "widgets/boxes.h"
-#include "widgets/formkeys.h"
 #include "widgets/messages.h"
 
 using namespace Qt::StringLiterals;
 
 frmmovimentobanc::frmmovimentobanc(const MovementScreen &screen, QWidget *parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::frmmovimentobanc>()), m_screen(screen)
+    : Screen(parent), m_ui(std::make_unique<Ui::frmmovimentobanc>()), m_screen(screen)
 {
     m_ui->setupUi(this);
-    setAttribute(Qt::WA_DeleteOnClose);
-    background::apply(this);
-    formkeys::enterMovesOn(this);
+    prepare();
     setObjectName(screen.name);
     setWindowTitle(screen.caption);
     m_ui->cmdadicionar->setObjectName(screen.saveName);
@@ -36,7 +31,7 @@ frmmovimentobanc::frmmovimentobanc(const MovementScreen &screen, QWidget *parent
     connect(m_ui->cmdadicionar, &QPushButton::clicked, this, &frmmovimentobanc::save);
     connect(m_ui->cmdcancelar, &QPushButton::clicked, this, &QDialog::close);
     connect(&Changes::instance(), &Changes::changed, this, [this](const Change &change) {
-        if (change.subject == Subject::Accounts)
+        if (change.subject == Subject::Accounts || change.subject == Subject::Database)
             fillAccounts();
     });
 }
@@ -50,34 +45,30 @@ frmmovimentobanc *frmmovimentobanc::openNew(QWidget *parent)
         return nullptr;
     for (QComboBox *box : {screen->m_ui->cboorigem, screen->m_ui->cbodestino})
         box->setCurrentIndex(box->count() - 1);
-    screen->show();
-    return screen.release();
+    return shown(std::move(screen));
 }
 
-frmmovimentobanc *frmmovimentobanc::openEdit(qint64 code, QWidget *parent)
+frmmovimentobanc *frmmovimentobanc::openEdit(qint64 code, QWidget *parent, quint64 listed)
 {
     const MovementScreen &values = movement::editScreen();
-    std::optional<MovementForm> form;
-    if (!messages::guarded(parent, messages::generalPrefix,
-                           [&] { form = movement::load(*openDatabase(), code); }))
-        return nullptr;
-    if (!form) {
-        messages::information(parent, values.caption, u"Este movimento não existe mais."_s);
-        return nullptr;
-    }
     auto screen = std::unique_ptr<frmmovimentobanc>(new frmmovimentobanc(values, parent));
-    if (!screen->fillAccounts())
+    std::optional<MovementForm> form;
+    const bool found = screen->loadRow(listed, values.caption, u"Este movimento não existe mais."_s,
+                                       [&](Connection &connection) {
+                                           form = movement::load(connection, code);
+                                           return form.has_value();
+                                       });
+    if (!found || !screen->fillAccounts())
         return nullptr;
     screen->m_code = code;
     screen->showForm(*form);
-    screen->show();
-    return screen.release();
+    return shown(std::move(screen));
 }
 
 bool frmmovimentobanc::fillAccounts()
 {
-    return messages::guarded(isVisible() ? this : parentWidget(), messages::generalPrefix, [this] {
-        const QStringList names = movement::accountNames(*openDatabase(), m_screen);
+    return load([this](Connection &connection) {
+        const QStringList names = movement::accountNames(connection, m_screen);
         boxes::refill(m_ui->cboorigem, names);
         boxes::refill(m_ui->cbodestino, names);
     });
@@ -124,14 +115,10 @@ void frmmovimentobanc::save()
         m_ui->cmdadicionar->setFocus(); // a disabled button had to give it away
         return;
     }
-    const bool saved = messages::guarded(this, messages::savePrefix, [&] {
+    saveAndClose([&](Connection &connection) {
         if (m_code == 0)
-            movement::add(*openDatabase(), typed);
+            movement::add(connection, typed);
         else
-            movement::change(*openDatabase(), m_code, typed);
+            movement::change(connection, m_code, typed);
     });
-    if (!saved)
-        return;
-    close();
-    Changes::announce(Subject::Movements);
 }

@@ -1,26 +1,24 @@
 #pragma once
 
 #include "bank/movement.h"
-
-#include <QDialog>
-
-#include <memory>
+#include "widgets/screen.h"
 
 namespace Ui {
 class frmmovimentobanc;
 }
 
 /// The movement screen: records a deposit, a withdrawal or a transfer, or, as `frmeditarbancario`, changes
-/// one. Announces Subject::Movements after it closed on saving.
-class frmmovimentobanc : public QDialog
+/// one.
+class frmmovimentobanc : public Screen
 {
     Q_OBJECT
 
 public:
     /// Shows an empty screen for a new movement; null, with a message, when the accounts cannot be read.
     static frmmovimentobanc *openNew(QWidget *parent);
-    /// Shows the movement; null, with a message, when it is no longer there.
-    static frmmovimentobanc *openEdit(qint64 code, QWidget *parent);
+    /// Shows the movement; null, with a message, when it is no longer there or another file than the
+    /// one with the serial `listed` is the database (0: any).
+    static frmmovimentobanc *openEdit(qint64 code, QWidget *parent, quint64 listed = 0);
     ~frmmovimentobanc() override;
 
 private:

@@ -2,7 +2,7 @@
 
 #include "data/dates.h"
 #include "data/formtext.h"
-#include "data/recordset.h"
+#include "data/rows.h"
 
 using namespace Qt::StringLiterals;
 
@@ -11,14 +11,20 @@ namespace {
 const QString noOrigin = u"-"_s;
 const QString noDestination = u" - "_s;
 
-QString byCode(qint64 code)
+QString fromByCode(qint64 code)
 {
-    return u"(código like '"_s + QString::number(code) + u"')"_s;
+    return u"FROM bancario where(código like '"_s + QString::number(code) + u"')"_s;
 }
 
 QString selectByCode(qint64 code)
 {
-    return u"SELECT * FROM bancario where"_s + byCode(code);
+    return u"SELECT * "_s + fromByCode(code);
+}
+
+/// The error about a movement that another installation has removed.
+Error gone()
+{
+    return {Error::Kind::Data, u"este movimento não existe mais; ele foi removido por outro usuário."_s};
 }
 
 void writeColumns(Recordset &row, const MovementForm &form)
@@ -102,7 +108,7 @@ void add(Connection &connection, const MovementForm &form)
     Recordset row(connection, u"bancario"_s);
     row.addNew();
     writeColumns(row, form);
-    row.update();
+    transaction.note(Subject::Movements, row.update());
     transaction.commit();
 }
 
@@ -111,10 +117,9 @@ void change(Connection &connection, qint64 code, const MovementForm &form)
     Transaction transaction(connection);
     Recordset row(connection, selectByCode(code));
     if (!row.next())
-        throw Error(Error::Kind::Data,
-                    u"este movimento não existe mais; ele foi removido por outro usuário."_s);
+        throw gone();
     writeColumns(row, form);
-    row.update();
+    transaction.note(Subject::Movements, row.update());
     transaction.commit();
 }
 
@@ -138,7 +143,8 @@ void remove(Connection &connection, const std::vector<qint64> &codes)
 {
     Transaction transaction(connection);
     for (const qint64 code : codes)
-        connection.execute(u"Delete FROM bancario where"_s + byCode(code));
+        if (!rows::remove(connection, transaction, Subject::Movements, fromByCode(code)))
+            throw gone();
     transaction.commit();
 }
 

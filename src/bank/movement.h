@@ -48,7 +48,8 @@ void add(Connection &connection, const MovementForm &form);
 void change(Connection &connection, qint64 code, const MovementForm &form);
 /// The movement with the code; nothing when there is none.
 std::optional<MovementForm> load(Connection &connection, qint64 code);
-/// Deletes the movements in one transaction.
+/// Deletes the movements in one transaction. Throws Error, also when one of them is no longer there; then
+/// nothing has changed.
 void remove(Connection &connection, const std::vector<qint64> &codes);
 
 } // namespace movement

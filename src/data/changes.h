@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+#include <utility>
+
 /// What a committed write may have changed.
 enum class Subject {
     Payables,
@@ -43,6 +45,8 @@ public:
             if (--instance().m_holds == 0)
                 instance().release();
         }
+        /// Takes what waits; whoever took it announces it later.
+        std::vector<Change> take() { return std::exchange(instance().m_held, {}); }
         Q_DISABLE_COPY_MOVE(Hold)
     };
 

@@ -132,8 +132,10 @@ bool passedOver(char32_t c, View &rest)
     return isBlank(c) || c == U'$' || c == U'€' || c == U'¥' || c == U'£';
 }
 
+enum class Rest { Refused, Ignored }; ///< what follows the number
+
 template <typename View>
-std::optional<Decimal> parseBrazilian(View text)
+std::optional<Decimal> parseBrazilian(View text, Rest rest)
 {
     enum { Before, Inside, After } place = Before;
     Digits digits;
@@ -154,8 +156,10 @@ std::optional<Decimal> parseBrazilian(View text)
             negative = c == U'-';
         } else if (passedOver(c, text)) {
             place = place == Before ? Before : After;
-        } else {
+        } else if (rest == Rest::Refused) {
             return std::nullopt;
+        } else {
+            break;
         }
     }
     return digits.finish(negative);
@@ -229,12 +233,23 @@ Decimal Decimal::fromInteger(qint64 whole)
 
 std::optional<Decimal> Decimal::parse(QStringView text)
 {
-    return parseBrazilian(std::u16string_view(text.utf16(), std::size_t(text.size())));
+    return parseBrazilian(std::u16string_view(text.utf16(), std::size_t(text.size())), Rest::Refused);
 }
 
 std::optional<Decimal> Decimal::parse(std::string_view utf8)
 {
-    return parseBrazilian(utf8);
+    return parseBrazilian(utf8, Rest::Refused);
+}
+
+Decimal Decimal::stored(QStringView text)
+{
+    return parseBrazilian(std::u16string_view(text.utf16(), std::size_t(text.size())), Rest::Ignored)
+        .value_or(Decimal());
+}
+
+Decimal Decimal::stored(std::string_view utf8)
+{
+    return parseBrazilian(utf8, Rest::Ignored).value_or(Decimal());
 }
 
 Decimal Decimal::operator+(Decimal other) const

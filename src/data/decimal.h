@@ -22,9 +22,10 @@ public:
     /// round half away from zero. No number, or one out of range, gives nothing.
     static std::optional<Decimal> parse(QStringView text);
     static std::optional<Decimal> parse(std::string_view utf8);
-    /// As parse(), for text that a table holds: what is not a number counts as zero.
-    static Decimal stored(std::string_view utf8) { return parse(utf8).value_or(Decimal()); }
-    static Decimal stored(QStringView text) { return parse(text).value_or(Decimal()); }
+    /// As parse(), for text that a table holds: it counts as the number that it begins with ("12 un" is 12),
+    /// and as zero when it begins with none.
+    static Decimal stored(std::string_view utf8);
+    static Decimal stored(QStringView text);
 
     constexpr qint64 tenThousandths() const { return m_units; }
     constexpr bool isZero() const { return m_units == 0; }

@@ -23,14 +23,6 @@ Recordset::Recordset(Connection &connection, const QString &source) : m_connecti
         m_columns << m_rows->columnName(i);
 }
 
-bool Recordset::nextNamed(QStringView column, const QString &text)
-{
-    while (next())
-        if (textorder::equalFolded(this->text(column), text))
-            return true;
-    return false;
-}
-
 bool Recordset::next()
 {
     m_pending.clear();

@@ -33,9 +33,6 @@ public:
 
     /// Moves to the next row; false after the last one.
     bool next();
-    /// Moves to the next row whose column holds this text, whatever its letter case: `like` also finds other
-    /// names when the text has wildcards.
-    bool nextNamed(QStringView column, const QString &text);
     /// How many rows the source yields. Counted by the store, not by walking; may be asked at any time.
     qint64 count();
 

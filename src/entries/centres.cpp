@@ -1,7 +1,8 @@
 #include "entries/centres.h"
 
 #include "data/like.h"
-#include "data/recordset.h"
+#include "data/literal.h"
+#include "data/rows.h"
 #include "data/status.h"
 #include "entries/entry.h"
 
@@ -13,10 +14,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The condition that finds a centre by its name; a name may hold an apostrophe.
-QString hasName(const QString &name)
+QString fromByName(const CentreSide &side, const QString &name)
 {
-    return u" where(descricao like '"_s + QString(name).replace(u'\'', u"''"_s) + u"')"_s;
+    return u"FROM "_s + side.table + u" where(descricao like "_s + sql::literal(name) + u")"_s;
 }
 
 /// The sums of all entries by their description as it is written.
@@ -77,33 +77,26 @@ void add(Connection &connection, const CentreSide &side, const QString &name)
     Transaction transaction(connection);
     Recordset row(connection, side.table);
     row.addNew();
-    row.set(u"descricao", name);
-    row.update();
+    row.set(u"descricao", name.trimmed());
+    transaction.note(side.subject, row.update());
     transaction.commit();
 }
 
 void rename(Connection &connection, const CentreSide &side, const QString &oldName, const QString &newName)
 {
-    const QString source = u"select * from "_s + side.table + hasName(oldName);
     Transaction transaction(connection);
-    // Names that differ in letter case only, or a name with a wildcard, find several: the one written alike
-    // is meant.
-    const bool asWritten = entry::names(connection, source, u"descricao").contains(oldName);
-    Recordset row(connection, source);
-    bool found = row.next();
-    while (found && asWritten && row.text(u"descricao") != oldName)
-        found = row.next();
-    if (!found)
+    std::optional<Recordset> row = rows::named(connection, fromByName(side, oldName), u"descricao", oldName);
+    if (!row)
         throw Error(Error::Kind::Data, u"\"%1\" não existe mais."_s.arg(oldName));
-    row.set(u"descricao", newName);
-    row.update();
+    row->set(u"descricao", newName.trimmed());
+    transaction.note(side.subject, row->update());
     transaction.commit();
 }
 
 void remove(Connection &connection, const CentreSide &side, const QString &name)
 {
     Transaction transaction(connection);
-    connection.execute(u"Delete FROM "_s + side.table + hasName(name));
+    rows::removeNamed(connection, transaction, side.subject, fromByName(side, name), u"descricao", name);
     transaction.commit();
 }
 

@@ -35,10 +35,12 @@ struct CentreLine
 namespace centres {
 
 QStringList names(Connection &connection, const CentreSide &side);
+/// Blanks around a name do not belong to it.
 void add(Connection &connection, const CentreSide &side, const QString &name);
-/// Entries keep the old name. Throws Error when the centre is no longer there.
+/// Entries keep the old name. Throws Error when the centre is no longer there or its name has an apostrophe.
 void rename(Connection &connection, const CentreSide &side, const QString &oldName, const QString &newName);
-/// Entries are left as they are.
+/// Entries are left as they are. Throws Error as rename() does, and when the name is a pattern that reaches
+/// other centres; then nothing has changed.
 void remove(Connection &connection, const CentreSide &side, const QString &name);
 
 /// A line for each of `names`, in their order: what a query with `descricao like` the name would add up, all

@@ -3,7 +3,8 @@
 #include "data/dates.h"
 #include "data/formtext.h"
 #include "data/like.h"
-#include "data/recordset.h"
+#include "data/literal.h"
+#include "data/rows.h"
 
 #include <algorithm>
 #include <array>
@@ -55,12 +56,15 @@ QString columnOf(const ContactSide &side, const QString &choice)
     return u"nome"_s;
 }
 
-/// "10/12" as the store has it: "12/10". Text that begins with a year is in the store's order already.
+/// "10/12" as the store has it: "12/10", and "10/12/19", of which the year is not complete, as "19%/12/10".
+/// Text that begins with a year is in the store's order already.
 QString storedOrder(const QString &shownDate)
 {
     QStringList parts = shownDate.split(u'/');
     if (parts.first().size() < 4)
         std::ranges::reverse(parts);
+    if (parts.size() == 3 && parts.first().size() < 4)
+        parts.first() += u'%';
     return parts.join(u'/');
 }
 
@@ -70,9 +74,20 @@ QString orderBy(const ContactSide &side, const ContactFilter &filter)
     return columnOf(side, filter.sortBy) + u"] "_s + direction + u", [nome] ASC"_s;
 }
 
+QString fromByCode(const ContactSide &side, const QString &code)
+{
+    return u"FROM "_s + side.table + u" where(código like "_s + sql::literal(code) + u")"_s;
+}
+
 QString byCode(const ContactSide &side, const QString &code)
 {
-    return u"SELECT * FROM "_s + side.table + u" where(código like '"_s + code + u"')"_s;
+    return u"SELECT * "_s + fromByCode(side, code);
+}
+
+/// The error about a contact that another installation has removed.
+Error gone()
+{
+    return {Error::Kind::Data, u"este cadastro não existe mais; ele foi removido por outro usuário."_s};
 }
 
 QString storedBirth(const QString &text)
@@ -123,10 +138,9 @@ QString query(const ContactSide &side, const ContactFilter &filter)
     if (filter.text.isEmpty())
         return u"SELECT * FROM ["_s + side.table + u"] ORDER BY ["_s + orderBy(side, filter);
     const QString column = columnOf(side, filter.field);
-    QString text = column == u"nascimento" ? storedOrder(filter.text) : filter.text;
-    text.replace(u'\'', u"''"_s);
-    return u"select * from ["_s + side.table + u"] where ("_s + column + u" like '%"_s + text +
-           u"%') order by ["_s + orderBy(side, filter);
+    const QString text = column == u"nascimento" ? storedOrder(filter.text) : filter.text;
+    return u"select * from ["_s + side.table + u"] where ("_s + column + u" like "_s + sql::containing(text) +
+           u") order by ["_s + orderBy(side, filter);
 }
 
 QString heading(const ContactSide &side, const ContactFilter &filter)
@@ -226,17 +240,17 @@ void save(Connection &connection, const ContactSide &side, const ContactForm &fo
     if (code.isEmpty())
         row.addNew();
     else if (!row.next())
-        throw Error(Error::Kind::Data,
-                    u"este cadastro não existe mais; ele foi removido por outro usuário."_s);
+        throw gone();
     writeColumns(row, form);
-    row.update();
+    transaction.note(side.subject, row.update());
     transaction.commit();
 }
 
 void remove(Connection &connection, const ContactSide &side, const QString &code)
 {
     Transaction transaction(connection);
-    connection.execute(u"Delete FROM "_s + side.table + u" where(código like '"_s + code + u"')"_s);
+    if (!rows::remove(connection, transaction, side.subject, fromByCode(side, code)))
+        throw gone();
     transaction.commit();
 }
 

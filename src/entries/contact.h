@@ -41,7 +41,8 @@ namespace contact {
 QStringList sortChoices(const ContactSide &side);
 QStringList filterChoices(const ContactSide &side);
 QStringList directionChoices();
-/// The list's query, in the program's SQL dialect. Part of a date is typed as it is shown, day first.
+/// The list's query, in the program's SQL dialect. Part of a date is typed as it is shown, day first. Throws
+/// Error when the text has an apostrophe.
 QString query(const ContactSide &side, const ContactFilter &filter);
 /// What the list shows, in words.
 QString heading(const ContactSide &side, const ContactFilter &filter);
@@ -58,7 +59,7 @@ QStringList used(Connection &connection, const ContactSide &side, const QString 
 std::optional<ContactForm> load(Connection &connection, const ContactSide &side, const QString &code);
 /// Adds a row (empty code) or rewrites the one with the code. Throws Error; then nothing has changed.
 void save(Connection &connection, const ContactSide &side, const ContactForm &form, const QString &code);
-/// Entries that name the contact keep its name.
+/// Entries that name the contact keep its name. Throws Error, also when it is no longer there.
 void remove(Connection &connection, const ContactSide &side, const QString &code);
 
 } // namespace contact

@@ -2,7 +2,8 @@
 
 #include "data/dates.h"
 #include "data/formtext.h"
-#include "data/recordset.h"
+#include "data/literal.h"
+#include "data/rows.h"
 #include "data/status.h"
 #include "stock/stock.h"
 
@@ -10,9 +11,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QString fromByCode(const Side &side, const QString &code)
+{
+    return u"FROM "_s + side.table + u" where(código like "_s + sql::literal(code) + u")"_s;
+}
+
 QString byCode(const Side &side, const QString &code)
 {
-    return u"SELECT * FROM "_s + side.table + u" where(código like '"_s + code + u"')"_s;
+    return u"SELECT * "_s + fromByCode(side, code);
 }
 
 stock::Direction direction(bool in)
@@ -85,12 +91,12 @@ bool exceedsStock(Connection &connection, const Side &side, const EntryForm &for
     if (!side.warnsOfLowStock || form.product == stock::noProduct)
         return false;
     const std::optional<Quantity> onHand = stock::onHand(connection, form.product);
-    return onHand && formtext::amountOrZero(u"Quantidade"_s, form.quantity) > *onHand;
+    return onHand && formtext::quantity(u"Quantidade"_s, form.quantity) > *onHand;
 }
 
 void save(Connection &connection, const Side &side, const EntryForm &form, const QString &code)
 {
-    const Quantity quantity = formtext::amountOrZero(u"Quantidade"_s, form.quantity);
+    const Quantity quantity = formtext::quantity(u"Quantidade"_s, form.quantity);
     Transaction transaction(connection);
     Recordset row(connection, code.isEmpty() ? side.table : byCode(side, code));
     if (code.isEmpty())
@@ -99,8 +105,9 @@ void save(Connection &connection, const Side &side, const EntryForm &form, const
         throw Error(Error::Kind::Data,
                     u"este lançamento não existe mais; ele foi removido por outro usuário."_s);
     writeColumns(row, side, form);
-    row.update();
-    stock::move(connection, direction(side.savingAddsToStock), quantity, form.product);
+    transaction.note(side.subject, row.update());
+    if (stock::move(connection, direction(side.savingAddsToStock), quantity, form.product))
+        transaction.note(Subject::Products);
     transaction.commit();
 }
 
@@ -126,26 +133,30 @@ std::optional<EntryForm> load(Connection &connection, const Side &side, const QS
     };
 }
 
-void remove(Connection &connection, const Side &side, const std::vector<EntryRemoval> &removals)
+bool remove(Connection &connection, const Side &side, const std::vector<EntryRemoval> &removals)
 {
     Transaction transaction(connection);
     for (const EntryRemoval &removal : removals) {
-        stock::move(connection, direction(!side.savingAddsToStock), removal.quantity, removal.product);
-        connection.execute(u"Delete FROM "_s + side.table + u" where(código like '"_s + removal.code +
-                           u"')"_s);
+        if (!rows::remove(connection, transaction, side.subject, fromByCode(side, removal.code)))
+            return false;
+        if (stock::move(connection, direction(!side.savingAddsToStock), removal.quantity, removal.product))
+            transaction.note(Subject::Products);
     }
     transaction.commit();
+    return true;
 }
 
-bool settle(Connection &connection, const Side &side, const QString &code, QDate today)
+bool settle(Connection &connection, const Side &side, const QStringList &codes, QDate today)
 {
     Transaction transaction(connection);
-    Recordset row(connection, byCode(side, code));
-    if (!row.next())
-        return false;
-    row.set(u"estatus", status::settled.toString());
-    row.set(u"vencimento", dates::shown(today));
-    row.update();
+    for (const QString &code : codes) {
+        Recordset row(connection, byCode(side, code));
+        if (!row.next())
+            return false;
+        row.set(u"estatus", status::settled.toString());
+        row.set(u"vencimento", dates::shown(today));
+        transaction.note(side.subject, row.update());
+    }
     transaction.commit();
     return true;
 }

@@ -18,7 +18,8 @@ struct EntryForm
     QString date, due; ///< "dd/mm/yyyy"
     QString description, document, notes;
     QString value, unitCost; ///< Brazilian amounts
-    QString product, quantity;
+    QString product;
+    QString quantity; ///< a number, maybe with text after it ("12 un"); stored as it stands
     QString currency;
 };
 
@@ -49,11 +50,13 @@ bool exceedsStock(Connection &connection, const Side &side, const EntryForm &for
 void save(Connection &connection, const Side &side, const EntryForm &form, const QString &code);
 /// The entry with the code; nothing when there is none.
 std::optional<EntryForm> load(Connection &connection, const Side &side, const QString &code);
-/// Deletes the entries and corrects the stock in one transaction. Throws Error; then nothing has changed.
-void remove(Connection &connection, const Side &side, const std::vector<EntryRemoval> &removals);
-/// Marks the entry settled today. The due date becomes the day of settling, written day first ("dd/mm/yyyy"),
-/// which marks it as such. False when there is no such entry.
-bool settle(Connection &connection, const Side &side, const QString &code, QDate today);
+/// Deletes the entries and corrects the stock in one transaction. False when one of them is no longer there,
+/// throws Error; then nothing has changed.
+bool remove(Connection &connection, const Side &side, const std::vector<EntryRemoval> &removals);
+/// Marks the entries settled today. The due date becomes the day of settling, written day first
+/// ("dd/mm/yyyy"), which marks it as such. False when one of them is no longer there; then nothing has
+/// changed.
+bool settle(Connection &connection, const Side &side, const QStringList &codes, QDate today);
 
 /// A list line's key as a plain number: "0012" is "12".
 QString plainCode(const QString &text);

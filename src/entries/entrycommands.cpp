@@ -73,24 +73,33 @@ void EntryCommands::remove()
         }
         removals.push_back(*removal);
     }
-    const ListPane::OwnCommand own(m_pane);
-    messages::guarded(&m_pane, messages::removePrefix, [&] { entry::remove(*openDatabase(m_pane.feed().serial()), m_pane.side(), removals); });
+    tellAfter(u"Remover"_s, messages::removePrefix,
+              [&] { return entry::remove(*openDatabase(m_pane.feed().serial()), m_pane.side(), removals); });
 }
 
 void EntryCommands::settle()
 {
-    const int row = selectedOrTell();
-    if (row < 0)
+    if (selectedOrTell() < 0)
         return;
-    const QString code = QString::number(m_pane.feed().key(row));
-    if (!messages::question(&m_pane, u"Efetuar baixa"_s, m_pane.side().settleQuestion))
+    QStringList codes;
+    for (const int row : m_pane.list().selectedRows())
+        codes << QString::number(m_pane.feed().key(row));
+    if (!messages::question(&m_pane, u"Efetuar baixa"_s,
+                            codes.size() == 1 ? m_pane.side().settleQuestion
+                                              : m_pane.side().settleSeveralQuestion.arg(codes.size())))
         return;
+    tellAfter(u"Efetuar baixa"_s, u"Ocorreu o seguinte erro ao tentar efetuar a baixa: ", [&] {
+        return entry::settle(*openDatabase(m_pane.feed().serial()), m_pane.side(), codes,
+                             programclock::today());
+    });
+}
+
+void EntryCommands::tellAfter(const QString &title, QStringView prefix, const std::function<bool()> &work)
+{
     const ListPane::OwnCommand own(m_pane);
     bool found = false;
-    const bool settled =
-        messages::guarded(&m_pane, u"Ocorreu o seguinte erro ao tentar efetuar a baixa: ", [&] {
-            found = entry::settle(*openDatabase(m_pane.feed().serial()), m_pane.side(), code, programclock::today());
-        });
-    if (settled && !found)
-        messages::information(&m_pane, u"Efetuar baixa"_s, u"Este lançamento não existe mais."_s);
+    if (!messages::guarded(&m_pane, prefix, [&] { found = work(); }) || found)
+        return;
+    messages::information(&m_pane, title, u"Este lançamento não existe mais."_s);
+    m_pane.reload();
 }

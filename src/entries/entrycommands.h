@@ -2,6 +2,7 @@
 
 #include <QObject>
 
+#include <functional>
 #include <optional>
 
 class EntryPane;
@@ -22,6 +23,8 @@ private:
     void edit();
     void remove();
     void settle();
+    /// Runs a change, which says whether all of its entries were still there, and has the lists follow.
+    void tellAfter(const QString &title, QStringView prefix, const std::function<bool()> &work);
     int selectedOrTell();
     std::optional<EntryRemoval> removalOf(int row);
 

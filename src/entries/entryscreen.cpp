@@ -3,8 +3,6 @@
 #include "data/clock.h"
 #include "data/status.h"
 #include "entries/entry.h"
-#include "settings/database.h"
-#include "widgets/background.h"
 #include "widgets/boxes.h"
 #include "widgets/dateedit.h"
 #include "widgets/formkeys.h"
@@ -12,24 +10,20 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
-#include <QCompleter>
 #include <QEvent>
 
 using namespace Qt::StringLiterals;
 
-EntryScreen::EntryScreen(const Side &side, QWidget *parent) : QDialog(parent), m_side(side)
+EntryScreen::EntryScreen(const Side &side, QWidget *parent) : Screen(parent), m_side(side)
 {
-    setAttribute(Qt::WA_DeleteOnClose);
 }
 
 void EntryScreen::setUp(const Controls &controls)
 {
     m_controls = controls;
-    background::apply(this);
-    formkeys::enterMovesOn(this);
+    prepare();
     topmost::set(this, u"ativo");
-    // offers names, but adds nothing to what is typed
-    controls.description->completer()->setCompletionMode(QCompleter::PopupCompletion);
+    boxes::offerWhileTyping(controls.description);
     controls.status->addItems(status::words());
     controls.currency->addItems(entry::currencies());
     controls.date->setDate(programclock::today());
@@ -39,9 +33,7 @@ void EntryScreen::setUp(const Controls &controls)
 
 bool EntryScreen::fillBoxes()
 {
-    const bool filled = messages::guarded(parentWidget(), messages::generalPrefix, [this] {
-        const std::shared_ptr<Connection> database = openDatabase();
-        Connection &connection = *database;
+    const bool filled = load([this](Connection &connection) {
         boxes::refill(m_controls.account, entry::accountNames(connection));
         boxes::refill(m_controls.contact, entry::names(connection, m_side.contactQuery, u"nome"));
         boxes::refill(m_controls.description, entry::names(connection, m_side.centreQuery, u"descricao"));
@@ -57,18 +49,23 @@ bool EntryScreen::fillBoxes()
 
 void EntryScreen::refill(const Change &change)
 {
-    const Subject subject = change.subject;
-    messages::guarded(this, messages::generalPrefix, [&] {
-        if (subject == Subject::Accounts)
-            boxes::refillTakingNew(m_controls.account, entry::accountNames(*openDatabase()));
-        else if (subject == m_side.contacts.subject)
+    const auto concerns = [changed = change.subject](Subject subject) {
+        return changed == subject || changed == Subject::Database;
+    };
+    if (!concerns(Subject::Accounts) && !concerns(m_side.contacts.subject) &&
+        !concerns(m_side.centres.subject) && !concerns(Subject::Products))
+        return;
+    load([&](Connection &connection) {
+        if (concerns(Subject::Accounts))
+            boxes::refillTakingNew(m_controls.account, entry::accountNames(connection));
+        if (concerns(m_side.contacts.subject))
             boxes::refillTakingNew(m_controls.contact,
-                                   entry::names(*openDatabase(), m_side.contactQuery, u"nome"));
-        else if (subject == m_side.centres.subject)
+                                   entry::names(connection, m_side.contactQuery, u"nome"));
+        if (concerns(m_side.centres.subject))
             boxes::refillTakingNew(m_controls.description,
-                                   entry::names(*openDatabase(), m_side.centreQuery, u"descricao"));
-        else if (subject == Subject::Products && m_controls.product)
-            boxes::refill(m_controls.product, entry::productNames(*openDatabase()));
+                                   entry::names(connection, m_side.centreQuery, u"descricao"));
+        if (concerns(Subject::Products) && m_controls.product)
+            boxes::refill(m_controls.product, entry::productNames(connection));
     });
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "entries/side.h"
+#include "widgets/screen.h"
 
-#include <QDialog>
 #include <QStringList>
 
 class DateEdit;
@@ -11,7 +11,7 @@ class QComboBox;
 
 /// What the screens that enter payables and receivables share: they stay above the main window, their boxes
 /// offer the same names and follow changes made elsewhere.
-class EntryScreen : public QDialog
+class EntryScreen : public Screen
 {
     Q_OBJECT
 

@@ -5,11 +5,12 @@
 #include "data/clock.h"
 #include "entries/frmcadcli.h"
 #include "entries/frmcentrocusto.h"
-#include "settings/database.h"
 #include "stock/stock.h"
 #include "widgets/boxes.h"
 #include "widgets/formkeys.h"
 #include "widgets/messages.h"
+
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -40,27 +41,23 @@ frmAdicionar *frmAdicionar::openNew(const Side &side, QWidget *parent)
     if (!screen->fillBoxes())
         return nullptr;
     screen->connectControls();
-    screen->show();
-    return screen.release();
+    return shown(std::move(screen));
 }
 
-frmAdicionar *frmAdicionar::openEdit(const Side &side, const QString &code, QWidget *parent)
+frmAdicionar *frmAdicionar::openEdit(const Side &side, const QString &code, QWidget *parent, quint64 listed)
 {
-    std::optional<EntryForm> form;
-    if (!messages::guarded(parent, messages::generalPrefix,
-                           [&] { form = entry::load(*openDatabase(), side, code); }))
-        return nullptr;
-    if (!form) {
-        messages::information(parent, side.caption, u"Este lançamento não existe mais."_s);
-        return nullptr;
-    }
     auto screen = std::unique_ptr<frmAdicionar>(new frmAdicionar(side, code, parent));
-    if (!screen->fillBoxes())
+    std::optional<EntryForm> form;
+    const bool found = screen->loadRow(listed, side.caption, u"Este lançamento não existe mais."_s,
+                                       [&](Connection &connection) {
+                                           form = entry::load(connection, side, code);
+                                           return form.has_value();
+                                       });
+    if (!found || !screen->fillBoxes())
         return nullptr;
-    screen->connectControls();
     screen->showForm(*form);
-    screen->show();
-    return screen.release();
+    screen->connectControls(); // filling the fields computes no cost: the entry has its own
+    return shown(std::move(screen));
 }
 
 void frmAdicionar::connectControls()
@@ -80,13 +77,12 @@ void frmAdicionar::connectControls()
     });
     stepBackFor(m_ui->txtvencimento);
     if (m_side.hasUnitCost) {
-        connect(m_ui->cboproduto, &QComboBox::currentTextChanged, this, [this] { showUnitCost(false); });
+        for (const auto chosen :
+             {&QComboBox::currentTextChanged, &QComboBox::textActivated}) // also once more
+            connect(m_ui->cboproduto, chosen, this, [this] { showUnitCost(false); });
         connect(m_ui->txtqtde, &QLineEdit::textChanged, this, [this] { showUnitCost(true); });
     }
-    connect(this, &QDialog::finished, this, [this] {
-        if (std::exchange(m_unannounced, false))
-            Changes::announce(m_side.subject);
-    });
+    connect(this, &QDialog::finished, this, &frmAdicionar::announce);
 }
 
 void frmAdicionar::showForm(const EntryForm &form)
@@ -128,8 +124,8 @@ EntryForm frmAdicionar::form() const
 
 void frmAdicionar::showUnitCost(bool timesQuantity)
 {
-    messages::guarded(this, messages::generalPrefix, [&] {
-        const auto cost = stock::unitCost(*openDatabase(), m_ui->cboproduto->currentText());
+    load([&](Connection &connection) {
+        const auto cost = stock::unitCost(connection, m_ui->cboproduto->currentText());
         if (!cost)
             return;
         const Quantity quantity = Quantity::stored(QStringView(m_ui->txtqtde->text()));
@@ -137,22 +133,34 @@ void frmAdicionar::showUnitCost(bool timesQuantity)
     });
 }
 
+/// The save goes on all the same; false when the stock cannot be read.
+bool frmAdicionar::warnOfLowStock(const EntryForm &typed)
+{
+    bool exceeds = false;
+    if (m_code.isEmpty() && !write(messages::savePrefix, [&](Connection &connection) {
+            exceeds = entry::exceedsStock(connection, m_side, typed);
+        }))
+        return false;
+    if (exceeds)
+        messages::exclamation(
+            this, u"Aviso de estoque"_s,
+            u"A quantidade de produtos adicionada é maior do que a quantidade de itens no estoque! "
+            "Seu saldo no estoque ficara negativo"_s);
+    return true;
+}
+
 void frmAdicionar::save()
 {
     const EntryForm typed = form();
-    if (refuseBlank(entry::blankFields(typed)))
+    if (refuseBlank(entry::blankFields(typed)) || !warnOfLowStock(typed))
         return;
-    const bool saved = messages::guarded(this, messages::savePrefix, [&] {
-        if (m_code.isEmpty() && entry::exceedsStock(*openDatabase(), m_side, typed))
-            messages::exclamation(
-                this, u"Aviso de estoque"_s,
-                u"A quantidade de produtos adicionada é maior do que a quantidade de itens no estoque! "
-                "Seu saldo no estoque ficara negativo"_s);
-        entry::save(*openDatabase(), m_side, typed, m_code);
-    });
-    if (!saved)
-        return;
-    m_unannounced = true;
+    {
+        Changes::Hold untilClosed;
+        if (!write(messages::savePrefix,
+                   [&](Connection &connection) { entry::save(connection, m_side, typed, m_code); }))
+            return;
+        std::ranges::move(untilClosed.take(), std::back_inserter(m_saved));
+    }
     messages::information(this, u"Cadastrada"_s, m_side.savedMessage);
     if (m_ui->chkcontinuar->isChecked())
         prepareNext();
@@ -160,11 +168,24 @@ void frmAdicionar::save()
         close();
 }
 
+/// What is saved next is a new entry, also after one that was edited.
 void frmAdicionar::prepareNext()
 {
+    m_code.clear();
+    forgetFile();
+    m_ui->cmdinserir->setText(m_side.insertCaption);
     m_ui->txtvencimento->clear();
     m_ui->txtvalor->clear();
     m_ui->txtdocumento->clear();
     m_ui->txtinfo->clear();
     m_ui->txtdescricao->setFocus();
+}
+
+void frmAdicionar::announce()
+{
+    const Changes::Hold together; // several of one subject become one
+    if (m_saved.empty())
+        Changes::announce(m_side.subject);
+    for (Change &change : std::exchange(m_saved, {}))
+        Changes::announce(std::move(change));
 }

@@ -1,30 +1,21 @@
 #include "entries/frmcadcli.h"
 #include "ui_frmcadcli.h"
 
-#include "settings/database.h"
-#include "widgets/background.h"
 #include "widgets/boxes.h"
 #include "widgets/files.h"
-#include "widgets/formkeys.h"
 #include "widgets/messages.h"
-
-#include <QCompleter>
 
 using namespace Qt::StringLiterals;
 
 frmCadCli::frmCadCli(const ContactSide &side, const QString &code, const QString &caption, QWidget *parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::frmCadCli>()), m_side(side), m_code(code)
+    : Screen(parent), m_ui(std::make_unique<Ui::frmCadCli>()), m_side(side), m_code(code)
 {
     m_ui->setupUi(this);
     setObjectName(side.recordName);
     setWindowTitle(caption);
-    setAttribute(Qt::WA_DeleteOnClose);
-    background::apply(this);
-    formkeys::enterMovesOn(this);
-    formkeys::modalOverDialog(this);
+    prepare();
     for (QComboBox *box : {m_ui->txtpais, m_ui->txtestado, m_ui->txtcidade, m_ui->txtbairro})
-        box->completer()->setCompletionMode(
-            QCompleter::PopupCompletion); // offers, but adds nothing by itself
+        boxes::offerWhileTyping(box);
     connect(m_ui->optcpf, &QRadioButton::toggled, this, &frmCadCli::showKind);
     connect(m_ui->img1, &PictureBox::clicked, this, &frmCadCli::choosePicture);
     connect(m_ui->cmdsemimagem, &QToolButton::clicked, this, [this] { showPicture(QString()); });
@@ -38,34 +29,28 @@ frmCadCli::~frmCadCli() = default;
 
 frmCadCli *frmCadCli::openNew(const ContactSide &side, const QString &caption, QWidget *parent)
 {
-    auto *dialog = new frmCadCli(side, QString(), caption, parent);
+    auto dialog = std::unique_ptr<frmCadCli>(new frmCadCli(side, QString(), caption, parent));
     dialog->refillSuggestions();
-    dialog->show();
-    return dialog;
+    return shown(std::move(dialog));
 }
 
-frmCadCli *frmCadCli::openEdit(const ContactSide &side, const QString &code, QWidget *parent)
+frmCadCli *frmCadCli::openEdit(const ContactSide &side, const QString &code, QWidget *parent, quint64 listed)
 {
+    auto dialog = std::unique_ptr<frmCadCli>(new frmCadCli(side, code, side.editCaption, parent));
     std::optional<ContactForm> form;
-    if (!messages::guarded(parent, messages::generalPrefix,
-                           [&] { form = contact::load(*openDatabase(), side, code); }))
+    if (!dialog->loadRow(listed, side.editCaption, side.goneMessage, [&](Connection &connection) {
+            form = contact::load(connection, side, code);
+            return form.has_value();
+        }))
         return nullptr;
-    if (!form) {
-        messages::information(parent, side.editCaption, side.goneMessage);
-        return nullptr;
-    }
-    auto *dialog = new frmCadCli(side, code, side.editCaption, parent);
     dialog->refillSuggestions();
     dialog->showForm(*form);
-    dialog->show();
-    return dialog;
+    return shown(std::move(dialog));
 }
 
 void frmCadCli::refillSuggestions()
 {
-    messages::guarded(parentWidget(), messages::generalPrefix, [this] {
-        const std::shared_ptr<Connection> database = openDatabase();
-        Connection &connection = *database;
+    load([this](Connection &connection) {
         boxes::refill(m_ui->txtestado, contact::used(connection, m_side, u"estado"_s));
         boxes::refill(m_ui->txtcidade, contact::used(connection, m_side, u"cidade"_s));
         boxes::refill(m_ui->txtbairro, contact::used(connection, m_side, u"bairro"_s));
@@ -146,9 +131,5 @@ void frmCadCli::save()
         m_ui->txtnome->setFocus();
         return;
     }
-    if (!messages::guarded(this, messages::savePrefix,
-                           [&] { contact::save(*openDatabase(), m_side, typed, m_code); }))
-        return;
-    close();
-    Changes::announce(m_side.subject);
+    saveAndClose([&](Connection &connection) { contact::save(connection, m_side, typed, m_code); });
 }

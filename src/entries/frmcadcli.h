@@ -1,18 +1,14 @@
 #pragma once
 
 #include "entries/contact.h"
-
-#include <QDialog>
-
-#include <memory>
+#include "widgets/screen.h"
 
 namespace Ui {
 class frmCadCli;
 }
 
 /// The record dialog of clients (frmCadCli) and suppliers (frmCadForn): adds one contact or changes one.
-/// Announces the side's Subject after saving.
-class frmCadCli : public QDialog
+class frmCadCli : public Screen
 {
     Q_OBJECT
 
@@ -21,8 +17,10 @@ public:
 
     /// Shows an empty dialog for a new contact.
     static frmCadCli *openNew(const ContactSide &side, const QString &caption, QWidget *parent);
-    /// Shows the contact with the code; null, with a message, when it is no longer there.
-    static frmCadCli *openEdit(const ContactSide &side, const QString &code, QWidget *parent);
+    /// Shows the contact with the code; null, with a message, when it is no longer there or another file than
+    /// the one with the serial `listed` is the database (0: any).
+    static frmCadCli *openEdit(const ContactSide &side, const QString &code, QWidget *parent,
+                               quint64 listed = 0);
 
 private:
     frmCadCli(const ContactSide &side, const QString &code, const QString &caption, QWidget *parent);

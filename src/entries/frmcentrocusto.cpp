@@ -2,9 +2,6 @@
 #include "ui_frmcentrocusto.h"
 
 #include "reports/exportcommands.h"
-#include "settings/database.h"
-#include "widgets/background.h"
-#include "widgets/formkeys.h"
 #include "widgets/messages.h"
 
 #include <QHeaderView>
@@ -24,15 +21,12 @@ const ExportTexts &exportTexts()
 } // namespace
 
 frmCentroCusto::frmCentroCusto(const CentreSide &side, QWidget *parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::frmCentroCusto>()), m_side(side)
+    : Screen(parent), m_ui(std::make_unique<Ui::frmCentroCusto>()), m_side(side)
 {
     m_ui->setupUi(this);
     setObjectName(side.screenName);
     setWindowTitle(side.caption);
-    setAttribute(Qt::WA_DeleteOnClose);
-    background::apply(this);
-    formkeys::enterMovesOn(this);
-    formkeys::modalOverDialog(this);
+    prepare();
     m_ui->lstcentro->setColumns({{u"descricao"_s, side.caption, CellKind::Text, 400}});
     m_ui->lstcentro->setEmptyText(u"Nenhum nome cadastrado"_s);
     m_ui->lstresumo->setColumns(centres::columns(side));
@@ -45,17 +39,13 @@ frmCentroCusto::~frmCentroCusto() = default;
 
 frmCentroCusto *frmCentroCusto::openFor(const CentreSide &side, QWidget *parent)
 {
-    if (auto *shown = parent ? parent->findChild<frmCentroCusto *>(side.screenName) : nullptr) {
-        shown->raise();
-        shown->activateWindow();
-        return shown;
-    }
+    if (auto *screen = raised<frmCentroCusto>(parent, side.screenName))
+        return screen;
     auto screen = std::unique_ptr<frmCentroCusto>(new frmCentroCusto(side, parent));
     if (!screen->reloadList())
         return nullptr;
     screen->connectControls();
-    screen->show();
-    return screen.release();
+    return shown(std::move(screen));
 }
 
 void frmCentroCusto::connectControls()
@@ -80,22 +70,19 @@ void frmCentroCusto::connectControls()
 
 bool frmCentroCusto::reloadList()
 {
-    const bool loaded =
-        messages::guarded(isVisible() ? this : parentWidget(), messages::generalPrefix, [this] {
-            RowStore rows(1);
-            for (const QString &name : centres::names(*openDatabase(), m_side))
-                rows.append({name.toStdString()});
-            m_ui->lstcentro->setRows(std::move(rows));
-        });
+    const bool loaded = loadForChange([this](Connection &connection) {
+        RowStore rows(1);
+        for (const QString &name : centres::names(connection, m_side))
+            rows.append({name.toStdString()});
+        m_ui->lstcentro->setRows(std::move(rows));
+    });
     allowCommands();
     return loaded;
 }
 
 bool frmCentroCusto::reloadSummary()
 {
-    const bool read = messages::guarded(this, messages::generalPrefix, [this] {
-        const std::shared_ptr<Connection> database = openDatabase();
-        Connection &connection = *database;
+    const bool read = load([this](Connection &connection) {
         m_summary = centres::summary(connection, m_side, centres::names(connection, m_side));
         m_ui->lstresumo->setRows(centres::rows(m_summary));
         m_ui->lbltotal->setText(m_summary.empty() ? QString()
@@ -117,10 +104,10 @@ void frmCentroCusto::showSummary()
 void frmCentroCusto::refresh(const Change &change)
 {
     const Subject subject = change.subject;
-    if (subject == m_side.subject)
+    const bool namesChanged = subject == m_side.subject || subject == Subject::Database;
+    if (namesChanged)
         reloadList();
-    const bool summed = subject == m_side.subject || subject == m_side.entrySubject;
-    if (summed && m_ui->xtab->currentWidget() == m_ui->abaresumo)
+    if ((namesChanged || subject == m_side.entrySubject) && m_ui->xtab->currentWidget() == m_ui->abaresumo)
         reloadSummary();
 }
 
@@ -138,19 +125,29 @@ void frmCentroCusto::allowCommands()
     m_ui->cmdremover->setEnabled(any);
 }
 
+bool frmCentroCusto::change(const std::function<void(Connection &)> &work)
+{
+    const bool changed = write(messages::generalPrefix, work);
+    if (!changed)
+        reloadList(); // the centre may be gone
+    return changed;
+}
+
+bool frmCentroCusto::refuseBlank(const QString &name)
+{
+    const bool isBlank = name.trimmed().isEmpty();
+    if (isBlank)
+        messages::exclamation(this, u"Erro"_s, m_side.emptyName);
+    return isBlank;
+}
+
 void frmCentroCusto::add()
 {
     const QString name = m_ui->txtnome->text();
-    if (name.trimmed().isEmpty()) {
-        messages::exclamation(this, u"Erro"_s, m_side.emptyName);
-        return;
-    }
-    if (!messages::guarded(this, messages::generalPrefix,
-                           [&] { centres::add(*openDatabase(), m_side, name); }))
+    if (refuseBlank(name) || !change([&](Connection &connection) { centres::add(connection, m_side, name); }))
         return;
     m_ui->txtnome->clear();
     m_ui->txtnome->setFocus();
-    Changes::announce(m_side.subject);
 }
 
 void frmCentroCusto::rename()
@@ -158,22 +155,17 @@ void frmCentroCusto::rename()
     const QString name = selected();
     if (name.isNull())
         return;
-    const QString changed =
-        QInputDialog::getText(this, m_side.renameTitle, m_side.renameQuestion, QLineEdit::Normal, name);
-    if (changed.trimmed().isEmpty())
-        return;
-    if (messages::guarded(this, messages::generalPrefix,
-                          [&] { centres::rename(*openDatabase(), m_side, name, changed); }))
-        Changes::announce(m_side.subject);
+    bool answered = false;
+    const QString changed = QInputDialog::getText(this, m_side.renameTitle, m_side.renameQuestion,
+                                                  QLineEdit::Normal, name, &answered);
+    if (answered && !refuseBlank(changed))
+        change([&](Connection &connection) { centres::rename(connection, m_side, name, changed); });
 }
 
 void frmCentroCusto::remove()
 {
     const QString name = selected();
-    if (name.isNull() ||
-        !messages::question(this, u"Remover"_s, m_side.removeQuestion + name + u" do banco de dados?"_s))
-        return;
-    if (messages::guarded(this, messages::generalPrefix,
-                          [&] { centres::remove(*openDatabase(), m_side, name); }))
-        Changes::announce(m_side.subject);
+    if (!name.isNull() &&
+        messages::question(this, u"Remover"_s, m_side.removeQuestion + name + u" do banco de dados?"_s))
+        change([&](Connection &connection) { centres::remove(connection, m_side, name); });
 }

@@ -1,19 +1,15 @@
 #pragma once
 
 #include "entries/centres.h"
-
-#include <QDialog>
-
-#include <memory>
+#include "widgets/screen.h"
 
 namespace Ui {
 class frmCentroCusto;
 }
 
 /// The chart of accounts of one side: its centres, and what the entries of each add up to. As the screen of
-/// the profit centres its object name is frmCentroLucro. It stays open beside the others and announces the
-/// side's Subject.
-class frmCentroCusto : public QDialog
+/// the profit centres its object name is frmCentroLucro. It stays open beside the others.
+class frmCentroCusto : public Screen
 {
     Q_OBJECT
 
@@ -30,6 +26,9 @@ private:
     void refresh(const Change &change);
     QString selected() const;
     void allowCommands();
+    /// Runs a command on the centres; afterwards the list shows what there is.
+    bool change(const std::function<void(Connection &)> &work);
+    bool refuseBlank(const QString &name);
     void add();
     void rename();
     void remove();

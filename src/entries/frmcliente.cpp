@@ -3,10 +3,7 @@
 
 #include "entries/frmcadcli.h"
 #include "reports/exportcommands.h"
-#include "settings/database.h"
 #include "stock/frmconfetiqueta.h"
-#include "widgets/background.h"
-#include "widgets/formkeys.h"
 #include "widgets/frmcarregando.h"
 #include "widgets/messages.h"
 #include "widgets/waittext.h"
@@ -17,21 +14,15 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-}
-
 frmCliente::frmCliente(const ContactSide &side, QWidget *parent)
-    : QDialog(parent, Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
+    : Screen(parent, Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
       m_ui(std::make_unique<Ui::frmCliente>()),
       m_side(side)
 {
     m_ui->setupUi(this);
     setObjectName(side.listName);
     setWindowTitle(side.listCaption);
-    setAttribute(Qt::WA_DeleteOnClose);
-    background::apply(this);
-    formkeys::enterMovesOn(this);
+    prepare();
     m_ui->lstcontato->setColumns(contact::columns(side));
     m_ui->lstcontato->setEmptyText(u"Nenhum cadastro encontrado"_s);
     m_ui->cbofiltro->addItems(contact::filterChoices(side));
@@ -50,16 +41,10 @@ frmCliente::~frmCliente() = default;
 
 frmCliente *frmCliente::open(const ContactSide &side, QWidget *parent)
 {
-    if (auto *shown = parent ? parent->findChild<frmCliente *>(side.listName) : nullptr) {
-        shown->raise();
-        shown->activateWindow();
-        return shown;
-    }
+    if (auto *screen = raised<frmCliente>(parent, side.listName))
+        return screen;
     auto screen = std::unique_ptr<frmCliente>(new frmCliente(side, parent));
-    if (!screen->refresh())
-        return nullptr;
-    screen->show();
-    return screen.release();
+    return screen->refresh() ? shown(std::move(screen)) : nullptr;
 }
 
 void frmCliente::connectCommands()
@@ -87,7 +72,7 @@ void frmCliente::connectCommands()
     for (const QComboBox *box : {m_ui->cboordenar, m_ui->cboordem})
         connect(box, &QComboBox::currentTextChanged, this, &frmCliente::refresh);
     connect(&Changes::instance(), &Changes::changed, this, [this](const Change &change) {
-        if (change.subject == m_side.subject)
+        if (change.subject == m_side.subject || change.subject == Subject::Database)
             refresh();
     });
 }
@@ -100,11 +85,10 @@ ContactFilter frmCliente::filter() const
 
 bool frmCliente::refresh()
 {
-    QWidget *over = isVisible() ? this : parentWidget();
-    return messages::guarded(over, messages::generalPrefix, [&] {
-        WaitProgress progress(over, m_side.listCaption, listWaitText());
+    return loadForChange([&](Connection &connection) {
+        WaitProgress progress(place(), m_side.listCaption, listWaitText());
         m_ui->lstcontato->setRows(
-            contact::rows(*openDatabase(), m_side, contact::query(m_side, filter()), &progress));
+            contact::rows(connection, m_side, contact::query(m_side, filter()), &progress));
         m_ui->lbltopo->setText(contact::heading(m_side, filter()));
     });
 }
@@ -118,7 +102,7 @@ QString frmCliente::selectedOrTell()
 void frmCliente::editSelected()
 {
     if (const QString code = selectedOrTell(); !code.isEmpty())
-        frmCadCli::openEdit(m_side, code, this);
+        frmCadCli::openEdit(m_side, code, this, file());
 }
 
 void frmCliente::removeSelected()
@@ -126,9 +110,9 @@ void frmCliente::removeSelected()
     const QString code = selectedOrTell();
     if (code.isEmpty() || !messages::confirmRemoval(this))
         return;
-    if (messages::guarded(this, messages::generalPrefix,
-                          [&] { contact::remove(*openDatabase(), m_side, code); }))
-        Changes::announce(m_side.subject);
+    if (!write(messages::generalPrefix,
+               [&](Connection &connection) { contact::remove(connection, m_side, code); }))
+        refresh(); // the contact may be gone
 }
 
 void frmCliente::writeEmail()

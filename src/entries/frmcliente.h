@@ -1,10 +1,7 @@
 #pragma once
 
 #include "entries/contact.h"
-
-#include <QDialog>
-
-#include <memory>
+#include "widgets/screen.h"
 
 namespace Ui {
 class frmCliente;
@@ -14,7 +11,7 @@ struct Report;
 
 /// The list screen of clients (frmCliente) and suppliers (frmFornecedor): search, sort, export, e-mail and
 /// address labels.
-class frmCliente : public QDialog
+class frmCliente : public Screen
 {
     Q_OBJECT
 

@@ -1,7 +1,6 @@
 #include "entries/frmmultiplos.h"
 #include "ui_frmmultiplos.h"
 
-#include "settings/database.h"
 #include "widgets/formkeys.h"
 #include "widgets/frmcarregando.h"
 #include "widgets/messages.h"
@@ -36,10 +35,7 @@ frmMultiplos::~frmMultiplos() = default;
 frmMultiplos *frmMultiplos::openFor(const Side &side, QWidget *parent)
 {
     auto screen = std::unique_ptr<frmMultiplos>(new frmMultiplos(side, parent));
-    if (!screen->fillBoxes())
-        return nullptr;
-    screen->show();
-    return screen.release();
+    return screen->fillBoxes() ? shown(std::move(screen)) : nullptr;
 }
 
 InstallmentsForm frmMultiplos::form() const
@@ -70,17 +66,16 @@ void frmMultiplos::save()
         return;
     }
     InstallmentsOutcome outcome;
-    const bool opened = messages::guarded(this, messages::savePrefix, [&] {
+    const Changes::Hold untilClosed;
+    const bool opened = write(messages::savePrefix, [&](Connection &connection) {
         const topmost::StepBack stepBack(this);
         WaitProgress progress(this, waitTitle, waitText);
-        outcome = installments::write(*openDatabase(), m_side, typed, &progress);
+        outcome = installments::write(connection, m_side, typed, &progress);
     });
     if (!opened)
         return;
-    if (!outcome.failure)
-        close();
-    if (outcome.written > 0)
-        Changes::announce(m_side.subject);
     if (outcome.failure)
         messages::error(this, messages::savePrefix, installments::report(typed, outcome));
+    else
+        close();
 }

@@ -3,8 +3,6 @@
 #include "entries/entryscreen.h"
 #include "entries/installments.h"
 
-#include <memory>
-
 namespace Ui {
 class frmMultiplos;
 }

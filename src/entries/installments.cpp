@@ -15,7 +15,7 @@ constexpr int lastYear = 9999; ///< stored dates have four digits for the year
 /// A typed whole number; text that is none counts as 0.
 qint64 number(const QString &text)
 {
-    return Money::stored(QStringView(text)).tenThousandths() / Money::fromInteger(1).tenThousandths();
+    return Money::parse(text).value_or(Money()).tenThousandths() / Money::fromInteger(1).tenThousandths();
 }
 
 /// Appends the rows of a run; the columns that all rows share are read once.
@@ -34,7 +34,7 @@ public:
         formtext::amount(u"Valor"_s, form.value);
     }
 
-    void append(int number, QDate due)
+    RowChange append(int number, QDate due)
     {
         m_row.addNew();
         m_row.set(u"estatus", m_form.status);
@@ -47,7 +47,7 @@ public:
         m_row.set(u"valor", m_form.value);
         m_row.set(u"vencimento", dates::stored(due));
         m_row.set(u"moeda", m_form.currency);
-        m_row.update();
+        return m_row.update();
     }
 
 private:
@@ -115,7 +115,7 @@ InstallmentsOutcome write(Connection &connection, const Side &side, const Instal
         Writer writer(connection, side, form);
         try {
             for (QDate date : due) {
-                writer.append(outcome.written + 1, date);
+                transaction.note(side.subject, writer.append(outcome.written + 1, date));
                 ++outcome.written;
                 if (progress)
                     progress->advance(outcome.written);

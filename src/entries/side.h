@@ -24,13 +24,14 @@ struct Side
     bool warnsOfLowStock;   ///< a new entry of more units than there are is warned about
 
     // Entry screen.
-    QString caption;          ///< "Adicionar Contas a pagar - Despesa"
-    QString descriptionLabel; ///< "Descrição / Centro de custo: "
-    QString contactLabel;     ///< "Nome do fornecedor(credor):"
-    QString insertCaption;    ///< "&Inserir despesa"
-    QString editCaption;      ///< "&Editar despesa"
-    QString savedMessage;     ///< "Despesa cadastrada com sucesso!"
-    QString settleQuestion;   ///< "Deseja efetuar uma baixa para está despesa?"
+    QString caption;               ///< "Adicionar Contas a pagar - Despesa"
+    QString descriptionLabel;      ///< "Descrição / Centro de custo: "
+    QString contactLabel;          ///< "Nome do fornecedor(credor):"
+    QString insertCaption;         ///< "&Inserir despesa"
+    QString editCaption;           ///< "&Editar despesa"
+    QString savedMessage;          ///< "Despesa cadastrada com sucesso!"
+    QString settleQuestion;        ///< "Deseja efetuar uma baixa para está despesa?"
+    QString settleSeveralQuestion; ///< the same of %1 entries
 
     // Installments screen.
     QString installmentsCaption;          ///< "Adicionar Contas a pagar / multiplas contas"

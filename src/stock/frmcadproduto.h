@@ -1,15 +1,13 @@
 #pragma once
 
-#include <QDialog>
-
-#include <memory>
+#include "widgets/screen.h"
 
 namespace Ui {
 class frmcadproduto;
 }
 
-/// The product screen: creates a product, or changes one. Announces Subject::Products after saving.
-class frmcadproduto : public QDialog
+/// The product screen: creates a product, or changes one.
+class frmcadproduto : public Screen
 {
     Q_OBJECT
 
@@ -18,8 +16,9 @@ public:
 
     /// Shows an empty screen for a new product.
     static frmcadproduto *openNew(QWidget *parent);
-    /// Shows the product; null, with a message, when it is no longer there.
-    static frmcadproduto *openEdit(const QString &name, QWidget *parent);
+    /// Shows the product; null, with a message, when it is no longer there or another file than the
+    /// one with the serial `listed` is the database (0: any).
+    static frmcadproduto *openEdit(const QString &name, QWidget *parent, quint64 listed = 0);
 
 private:
     explicit frmcadproduto(QWidget *parent);

@@ -1,22 +1,24 @@
 #include "stock/products.h"
 
 #include "data/formtext.h"
-#include "data/recordset.h"
+#include "data/literal.h"
+#include "data/rows.h"
 #include "stock/stock.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QString byName(const QString &name)
+std::optional<Recordset> byName(Connection &connection, const QString &name)
 {
-    return u"select * from [produto] where (produto like '"_s + name + u"')"_s;
+    return rows::named(connection, u"from [produto] where (produto like "_s + sql::literal(name) + u")"_s,
+                       u"produto", name);
 }
 
 void writeColumns(Recordset &row, const ProductForm &form)
 {
     row.set(u"produto", form.name.trimmed());
-    row.set(u"qtde", formtext::amountOrZero(u"Quantidade"_s, form.quantity).plain());
+    row.set(u"qtde", formtext::quantity(u"Quantidade"_s, form.quantity).plain());
     row.set(u"custo", formtext::amountOrZero(u"Valor de custo"_s, form.cost).grouped());
     row.set(u"info", form.notes);
 }
@@ -82,35 +84,36 @@ void add(Connection &connection, const ProductForm &form)
     Recordset row(connection, u"produto"_s);
     row.addNew();
     writeColumns(row, form);
-    row.update();
+    transaction.note(Subject::Products, row.update());
     transaction.commit();
 }
 
 void change(Connection &connection, const QString &name, const ProductForm &form)
 {
     Transaction transaction(connection);
-    Recordset row(connection, byName(name));
-    if (!row.nextNamed(u"produto", name))
+    std::optional<Recordset> row = byName(connection, name);
+    if (!row)
         throw Error(Error::Kind::Data, u"o produto \"%1\" não existe mais."_s.arg(name));
-    writeColumns(row, form);
-    row.update();
+    writeColumns(*row, form);
+    transaction.note(Subject::Products, row->update());
     transaction.commit();
 }
 
 void remove(Connection &connection, const QString &name)
 {
     Transaction transaction(connection);
-    connection.execute(u"Delete from produto where [produto] like '"_s + name + u"'"_s);
+    rows::removeNamed(connection, transaction, Subject::Products,
+                      u"from produto where [produto] like "_s + sql::literal(name), u"produto", name);
     transaction.commit();
 }
 
 std::optional<ProductForm> load(Connection &connection, const QString &name)
 {
-    Recordset row(connection, byName(name));
-    if (!row.nextNamed(u"produto", name))
+    const std::optional<Recordset> row = byName(connection, name);
+    if (!row)
         return std::nullopt;
-    return ProductForm{row.text(u"produto"), quantity(row).plain(),
-                       Money::stored(row.text(u"custo")).grouped(), row.text(u"info")};
+    return ProductForm{row->text(u"produto"), quantity(*row).plain(),
+                       Money::stored(row->text(u"custo")).grouped(), row->text(u"info")};
 }
 
 } // namespace products

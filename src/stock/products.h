@@ -41,7 +41,8 @@ std::optional<QString> problem(const ProductForm &form);
 void add(Connection &connection, const ProductForm &form);
 /// Rewrites the product `name`, which may get another name; entries that name it keep the old one.
 void change(Connection &connection, const QString &name, const ProductForm &form);
-/// Entries that name the product are left as they are.
+/// Entries that name the product are left as they are. Throws Error when it is no longer there, or when its
+/// name is a pattern that reaches other products; then nothing has changed.
 void remove(Connection &connection, const QString &name);
 std::optional<ProductForm> load(Connection &connection, const QString &name);
 

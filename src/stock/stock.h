@@ -16,9 +16,9 @@ inline constexpr QStringView noProduct = u"-";
 
 enum class Direction { In, Out };
 
-/// Moves `quantity` units of a product; a name that no product bears changes nothing. Throws Error when the
-/// name breaks the statement. The caller holds the transaction.
-void move(Connection &connection, Direction direction, Quantity quantity, const QString &product);
+/// Moves `quantity` units of a product; false when no product bears the name. Throws Error when the name has
+/// an apostrophe, or is a pattern that reaches other products. The caller holds the transaction.
+bool move(Connection &connection, Direction direction, Quantity quantity, const QString &product);
 /// Units on hand; nothing when there is no such product.
 std::optional<Quantity> onHand(Connection &connection, const QString &product);
 /// The product's unit cost; nothing when there is no such product.

@@ -13,6 +13,9 @@ namespace boxes {
 void refill(QComboBox *box, const QStringList &items);
 /// As refill(); a box that shows nothing takes the one item that is new.
 void refillTakingNew(QComboBox *box, const QStringList &items);
+/// While the user types, an editable box offers its items that begin so, in any letter case. It adds nothing
+/// to what is typed and replaces nothing; Enter closes the offer and goes on as without it.
+void offerWhileTyping(QComboBox *box);
 /// Shows `text`, adding it when the box does not offer it.
 void choose(QComboBox *box, const QString &text);
 

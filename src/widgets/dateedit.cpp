@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int century = 2000;
+constexpr int century = 2000; ///< this one
 
 bool isSeparator(QChar character)
 {
@@ -48,8 +48,8 @@ QStringList partsOf(QString text)
 }
 
 /// Reads a date of which the year, or month and year, may be missing: they are today's. A year of two digits
-/// is one of this century.
-QDate understood(const QString &text)
+/// is one of this century, or with `inPast` the last one in which the date is not in the future.
+QDate understood(const QString &text, bool inPast)
 {
     const QString trimmed = text.trimmed();
     if (const QDate whole = dates::read(trimmed); whole.isValid())
@@ -69,8 +69,12 @@ QDate understood(const QString &text)
         const qsizetype yearDigits = parts[2].size();
         if (yearDigits != 4 && yearDigits > 2)
             return {};
-        if (yearDigits <= 2)
+        if (yearDigits <= 2) {
             numbers[2] += century;
+            if (inPast && std::array{numbers[2], numbers[1], numbers[0]} >
+                              std::array{today.year(), today.month(), today.day()})
+                numbers[2] -= 100;
+        }
     }
     return {numbers[2], numbers[1], numbers[0]};
 }
@@ -113,7 +117,7 @@ DateEdit::DateEdit(QWidget *parent) : QLineEdit(parent)
 
 QDate DateEdit::date() const
 {
-    return understood(text());
+    return understood(text(), m_inPast);
 }
 
 QString DateEdit::dateText() const

@@ -9,6 +9,9 @@
 class DateEdit : public QLineEdit
 {
     Q_OBJECT
+    /// A year typed with two digits belongs to a date that is not in the future, as a birth date is not;
+    /// otherwise it is one of this century.
+    Q_PROPERTY(bool inPast READ isInPast WRITE setInPast)
 
 public:
     explicit DateEdit(QWidget *parent = nullptr);
@@ -18,6 +21,8 @@ public:
     /// The date as "dd/mm/yyyy", completed if need be; text that is no date as it stands.
     QString dateText() const;
     void setDate(QDate date);
+    bool isInPast() const { return m_inPast; }
+    void setInPast(bool inPast) { m_inPast = inPast; }
     void openCalendar();
 
 Q_SIGNALS:
@@ -38,4 +43,5 @@ private:
 
     QString m_hint; ///< the screen's own tool tip, while the field is marked
     bool m_marked = false;
+    bool m_inPast = false;
 };

@@ -61,8 +61,7 @@ public:
     }
 };
 
-/// Whole and fractional numbers with a decimal comma; a typed point becomes the comma, for in a quantity it
-/// can only mean that.
+/// Whole and fractional numbers: points group thousands, a comma starts the decimals.
 class QuantityValidator : public QValidator
 {
 public:
@@ -70,8 +69,7 @@ public:
 
     State validate(QString &input, int &) const override
     {
-        static const QRegularExpression number(QStringLiteral("^-?\\d{0,12}(,\\d{0,4})?$"));
-        input.replace(u'.', u',');
+        static const QRegularExpression number(QStringLiteral("^-?(\\.?\\d){0,12}\\.?(,\\d{0,4})?$"));
         return number.match(input).hasMatch() ? Acceptable : Invalid;
     }
 };

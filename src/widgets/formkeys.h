@@ -13,7 +13,7 @@ namespace formkeys {
 /// Shift+Return breaks the line. Serves the fields that exist at the call.
 void enterMovesOn(QWidget *screen);
 
-/// Lets the field take a quantity only: digits and one decimal comma.
+/// Lets the field take a quantity only: up to twelve digits, points between thousands, and one decimal comma.
 void acceptQuantity(QLineEdit *field);
 /// A screen opened over another dialog is modal to it, so that the dialog cannot be closed, and take the
 /// screen and what was typed in it along. Over the main window a screen stays modeless.

@@ -1,6 +1,6 @@
 #include "widgets/moneyedit.h"
 
-#include "data/decimal.h"
+#include "data/formtext.h"
 
 #include <QApplication>
 #include <QFocusEvent>
@@ -12,7 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int longestText = 26; // "R$ -922.337.203.685.477,58"
 constexpr int decimals = 2;
 
 /// "#,##0.00"; what is no amount stays as it is.
@@ -27,8 +26,9 @@ bool beginsWithSeparator(const QString &text)
     return text.startsWith(u'.') || text.startsWith(u',');
 }
 
-/// Lets the field change only to a number or the beginning of one; for what comes by paste, drop or input
-/// method.
+/// Lets the field change only to an amount that could be typed, or the beginning of one, maybe with a
+/// currency symbol before it; for what comes by paste, drop or input method. What the program puts there
+/// stands.
 class AmountValidator : public QValidator
 {
 public:
@@ -36,8 +36,14 @@ public:
 
     State validate(QString &text, int &) const override
     {
-        static const QRegularExpression beginning(uR"(^\s*-?[\d.]*,?\d*\s*$)"_s);
-        return beginning.match(text).hasMatch() || Money::parse(text) ? Acceptable : Invalid;
+        static const QRegularExpression typeable(uR"(^\s*(R\$|\$|€|¥|£)?\s*[\d.]*(,\d{0,2})?\s*$)"_s);
+        static const QRegularExpression digit(uR"(\d)"_s);
+        if (!typeable.match(text).hasMatch())
+            return Invalid;
+        if (!text.contains(digit))
+            return Acceptable;
+        const auto amount = Money::parse(text);
+        return amount && formtext::isWithinLimit(*amount) ? Acceptable : Invalid;
     }
 };
 
@@ -46,7 +52,6 @@ public:
 MoneyEdit::MoneyEdit(QWidget *parent) : QLineEdit(parent)
 {
     setAlignment(Qt::AlignRight);
-    setMaxLength(longestText);
     setValidator(new AmountValidator(this));
     connect(this, &QLineEdit::inputRejected, this, &QApplication::beep);
 }

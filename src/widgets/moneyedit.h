@@ -2,10 +2,10 @@
 
 #include <QLineEdit>
 
-/// A field for an amount: takes digits, "." and one ",", at most two decimals, and shows "#,##0.00" on
-/// entering and leaving. Pasted text is taken when it is a number ("R$ -1.234,56" is) or the beginning of
-/// one. An empty field stays empty; a number too large to be an amount stays as typed, for whoever reads it
-/// to report.
+/// A field for an amount: takes digits, "." and one ",", at most two decimals, nothing beyond the limit of
+/// formtext, and shows "#,##0.00" on entering and leaving. Pasted text must keep these rules, but may begin
+/// with a currency symbol ("R$ 1.234,56"). An empty field stays empty; an amount that the program shows there
+/// may be any.
 class MoneyEdit : public QLineEdit
 {
     Q_OBJECT

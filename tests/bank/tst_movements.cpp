@@ -168,7 +168,7 @@ void tst_movements::editingAMovementThatIsGone()
     shop.open();
     shop.list(u"lstmovimento"_s)->selectRow(0);
     shop.command(u"cmdalterarm"_s);
-    movement::remove(shop.program.database(), {1});
+    shop.program.run(u"delete from bancario where código=1"_s);
     shop.press(u"cmdeditar"_s);
     QVERIFY(shop.screen(u"frmeditarbancario"_s));
     shop.command(u"cmdalterarm"_s);

@@ -50,11 +50,11 @@ QString listed(const ListView &list)
 }
 
 /// The screen on the display, used by the names of its controls.
-class Screen
+class CentreScreen
 {
 public:
-    explicit Screen(const CentreSide &side) : dialog(frmCentroCusto::openFor(side, nullptr)) {}
-    ~Screen() { delete dialog; }
+    explicit CentreScreen(const CentreSide &side) : dialog(frmCentroCusto::openFor(side, nullptr)) {}
+    ~CentreScreen() { delete dialog; }
 
     template <typename T>
     T *find(const QString &name) const
@@ -118,23 +118,21 @@ void tst_centres::namesThatLookAlike()
 {
     TestProgram program;
     Connection &connection = program.database();
-    for (const QString &name : {u"Frete"_s, u"FRETE"_s, u"F%"_s, u"Copo d'água"_s})
+    for (const QString &name : {u"Frete"_s, u"FRETE"_s, u" F% "_s})
         centres::add(connection, costCentres(), name);
     centres::rename(connection, costCentres(), u"F%"_s, u"Feira"_s);
-    centres::rename(connection, costCentres(), u"FRETE"_s, u"Fretes"_s);
-    centres::rename(connection, costCentres(), u"copo D'ÁGUA"_s, u"Copos"_s);
-    QCOMPARE(program.rows(u"select * from pcontapagar"_s), u"Frete\nFretes\nFeira\nCopos\n"_s);
+    centres::remove(connection, costCentres(), u"FRETE"_s);
+    QCOMPARE(program.rows(u"select * from pcontapagar"_s), u"Frete\nFeira\n"_s);
     QVERIFY_THROWS_EXCEPTION(Error, centres::rename(connection, costCentres(), u"Luz"_s, u"Água"_s));
     centres::remove(connection, costCentres(), u"fRETE"_s);
-    centres::remove(connection, costCentres(), u"d'"_s);
-    QCOMPARE(program.rows(u"select * from pcontapagar"_s), u"Fretes\nFeira\nCopos\n"_s);
+    QCOMPARE(program.rows(u"select * from pcontapagar"_s), u"Feira\n"_s);
 }
 
 void tst_centres::addingRenamingAndRemoving()
 {
     TestProgram program;
     addEntry(program, u"pagar"_s, u"Aluguel"_s, u"Pendente"_s, u"10,00"_s);
-    Screen screen(costCentres());
+    CentreScreen screen(costCentres());
     screen.add(u"  "_s);
     QCOMPARE(screen.boxes.seen().join(u'\n'),
              u"exclamation | Erro | O nome do centro de custo não pode estar vazio!"_s);
@@ -149,8 +147,9 @@ void tst_centres::addingRenamingAndRemoving()
     screen.boxes.input(QString());
     screen.press(u"cmdeditar"_s);
     QCOMPARE(screen.centres(), u"Água, Aluguel, luz"_s);
-    QCOMPARE(screen.boxes.seen().first(),
-             u"input | Editar centro de custo | Digite o novo nome para este centro de custo"_s);
+    const QString input = u"input | Editar centro de custo | Digite o novo nome para este centro de custo"_s;
+    QCOMPARE(screen.boxes.seen().join(u'\n'),
+             input + u"\nexclamation | Erro | O nome do centro de custo não pode estar vazio!\n"_s + input);
     screen.boxes.input(u"Moradia"_s);
     screen.press(u"cmdeditar"_s);
     QCOMPARE(screen.centres(), u"Água, luz, Moradia"_s);
@@ -172,7 +171,7 @@ void tst_centres::addingRenamingAndRemoving()
 void tst_centres::profitScreen()
 {
     TestProgram program;
-    Screen screen(profitCentres());
+    CentreScreen screen(profitCentres());
     screen.add(u""_s);
     screen.add(u"Vendas"_s);
     screen.add(u"Aluguéis"_s); // listed as they were added
@@ -197,7 +196,7 @@ void tst_centres::profitScreen()
 void tst_centres::summaryTab()
 {
     TestProgram program;
-    Screen screen(costCentres());
+    CentreScreen screen(costCentres());
     screen.showSummary();
     QCOMPARE(screen.boxes.seen().join(u'\n'),
              u"information | Plano de conta | Não há nenhum centro de custo, cadastrado no banco de dados! "

@@ -39,9 +39,9 @@ void breakThirdRow(TestProgram &program, const QByteArray &how)
         how + ", 'sem espaço'); END");
 }
 
-struct Screen : Shop
+struct InstallmentsScreen : Shop
 {
-    explicit Screen(const Side &side)
+    explicit InstallmentsScreen(const Side &side)
     {
         programclock::set(QDateTime(QDate(2026, 1, 31), QTime(10, 0)));
         program.run(u"insert into banco (banco, saldo) values ('Caixa', '0,00')"_s);
@@ -49,7 +49,7 @@ struct Screen : Shop
             program.run(u"insert into %1 (nome) values ('Ana')"_s.arg(table));
         dialog = frmMultiplos::openFor(side, nullptr);
     }
-    ~Screen() { delete dialog; }
+    ~InstallmentsScreen() { delete dialog; }
     void set(const QString &name, const QString &text) const { find<QLineEdit>(name)->setText(text); }
     void fill() const
     {
@@ -86,7 +86,7 @@ void tst_installments::dueDates()
                  "31/01/2026 3 0 -> 2026/02/28 2026/03/28 2026/04/28\n"
                  "30/12/2027 3 0 -> 2028/01/30 2028/02/29 2028/03/29\n"
                  "01/03/2026 2 10 -> 2026/03/11 2026/03/21 ; 31/12/2026 1 365 -> 2027/12/31\n"
-                 "15/01/2026 1,9 2,7 -> 2026/01/17"_s,
+                 "15/01/2026 1,9 2,7 -> 2026/01/17 ; 15/01/2026 1 1.000 -> 2028/10/11"_s,
                  [](const QString &asked) {
                      const QStringList words = asked.split(u' ');
                      InstallmentsForm form = sampleForm();
@@ -166,7 +166,7 @@ void tst_installments::interruptedRun()
 
 void tst_installments::checksInOrder()
 {
-    Screen screen(payable());
+    InstallmentsScreen screen(payable());
     QCOMPARE(screen.dialog->windowTitle(), u"Adicionar Contas a pagar / multiplas contas"_s);
     QCOMPARE(screen.find<QLineEdit>(u"txtdata"_s)->text(), u"31/01/2026"_s);
     screen.set(u"txtnparcelas"_s, u"0"_s);
@@ -193,7 +193,7 @@ void tst_installments::checksInOrder()
 
 void tst_installments::writingFromTheScreen()
 {
-    Screen screen(receivable());
+    InstallmentsScreen screen(receivable());
     QCOMPARE(screen.dialog->windowTitle(), u"Adicionar Contas a receber / multiplas contas"_s);
     screen.fill();
     screen.set(u"txtnparcelas"_s, u"300"_s);
@@ -215,7 +215,7 @@ void tst_installments::writingFromTheScreen()
 
 void tst_installments::writtenRowsBeforeAFailureAreAnnounced()
 {
-    Screen screen(payable());
+    InstallmentsScreen screen(payable());
     breakThirdRow(screen.program, "ABORT");
     screen.fill();
     screen.set(u"txtnparcelas"_s, u"12"_s);

@@ -151,7 +151,7 @@ void tst_lists::followedListsEqualReadOnes()
             entry::save(program.database(), side, drawn(random), code);
             break;
         case 2:
-            entry::settle(program.database(), side, code, today.addDays(random.bounded(60) - 30));
+            entry::settle(program.database(), side, {code}, today.addDays(random.bounded(60) - 30));
             break;
         default:
             entry::remove(program.database(), side, {{code, u"-"_s, {}}});
@@ -218,7 +218,7 @@ void tst_lists::foreignWritesTakeReadingAgain()
         if (change.subject == Subject::Payables)
             noticed = change.rows;
     });
-    entry::settle(program.database(), payable(), u"1"_s, today);
+    entry::settle(program.database(), payable(), {u"1"_s}, today);
     QCOMPARE(noticed.size(), std::size_t(1));
     QVERIFY(!list.apply(program.database(), noticed,
                         [](const RowEdit &, const std::function<void()> &perform) { perform(); }));

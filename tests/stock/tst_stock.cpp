@@ -159,7 +159,7 @@ void tst_stock::salesListCountsProfit()
     entry::save(connection, receivable(), form(u"Chá"_s, u"3"_s, u"4"_s, u"5"_s), {});
     entry::save(connection, receivable(), form(u"Pão"_s, u"1"_s, u"7"_s, u"0"_s), {});
     entry::save(connection, receivable(), form(u"-"_s, u""_s, u"1.000.000"_s), {});
-    entry::settle(connection, receivable(), u"2"_s, today);
+    entry::settle(connection, receivable(), {u"2"_s}, today);
     QCOMPARE(
         linesOf(loaded(sales())),
         u"1 | 14/11/2026 | Aluguel | NF 7  | Ana | 10/12/2026 | R$ 1.015,00 | R$ 10,00 | 10.050,00% | "
@@ -184,7 +184,7 @@ void tst_stock::purchasesListCountsAmounts()
     entry::save(connection, payable(), form(u"Café"_s, u"10"_s, u"25"_s), {});
     entry::save(connection, payable(), form(u"Chá"_s, u"1"_s, u"1,5"_s), {});
     entry::save(connection, payable(), form(u"-"_s, u""_s, u"500"_s), {});
-    entry::settle(connection, payable(), u"1"_s, today);
+    entry::settle(connection, payable(), {u"1"_s}, today);
     QCOMPARE(
         totals(purchases()),
         u"2 cadastros  -  Total de recebimentos: R$ 26,50  -  Total pago: R$ 25,00  -  Total pendente: R$ 1,50"_s);

@@ -1,6 +1,7 @@
 #include "data/clock.h"
 #include "support/answers.h"
 #include "support/boxes.h"
+#include "widgets/boxes.h"
 #include "widgets/dateedit.h"
 #include "widgets/files.h"
 #include "widgets/formkeys.h"
@@ -57,11 +58,14 @@ private Q_SLOTS:
     void moneyTypedInside();
     void moneyPasted();
     void moneyPrefix();
+    void quantityTyped();
+    void twoDigitYearsInThePast();
     void dateTyped();
     void wrongDateIsMarkedUntilCorrected();
     void dateMovesByDays();
     void calendarPicks();
     void enterMovesOn();
+    void offersReplaceNothingTyped();
     void messageBoxes();
     void topmostParentStepsBack();
     void errorsShowTheirPrefix();
@@ -74,8 +78,7 @@ void tst_fields::moneyTyped()
 {
     checkAnswers(u"1234,5 -> 1234,5 1.234,50 ; 1.234,56 -> 1.234,56 1.234,56 ; R$ -1a2 3 -> 123 123,00\n"
                  "1,,2, -> 1,2 1,20 ; 0,129.4 -> 0,12 0,12 ; , -> , 0,00 ; . -> . 0,00\n"
-                 "922337203685477,58 -> 922337203685477,58 922.337.203.685.477,58\n"
-                 "9999999999999999 -> 9999999999999999 9999999999999999"_s,
+                 "9999999999999,99 -> 999999999999,99 999.999.999.999,99"_s,
                  [](const QString &keys) {
                      Screen<MoneyEdit> screen;
                      QString announced;
@@ -105,16 +108,18 @@ void tst_fields::moneyTypedInside()
 
 void tst_fields::moneyPasted()
 {
-    checkAnswers(u"R$ -1.234,56 -> -1.234,56 ; 0,125 -> 0,13 ; doze reais -> 7,00 ; 1,2,3 -> 7,00"_s,
-                 [](const QString &clipboard) {
-                     Screen<MoneyEdit> screen;
-                     screen.field.setText(u"7"_s);
-                     screen.field.selectAll();
-                     QApplication::clipboard()->setText(clipboard);
-                     screen.field.paste();
-                     screen.leave();
-                     return screen.field.text();
-                 });
+    checkAnswers(
+        u"R$ 1.234,56 -> 1.234,56 ; € 0,1 -> 0,10 ; -5 -> 7,00 ; 1,2355 -> 7,00 ; doze reais -> 7,00\n"
+        "1,2,3 -> 7,00 ; 1000000000000 -> 7,00"_s,
+        [](const QString &clipboard) {
+            Screen<MoneyEdit> screen;
+            screen.field.setText(u"7"_s);
+            screen.field.selectAll();
+            QApplication::clipboard()->setText(clipboard);
+            screen.field.paste();
+            screen.leave();
+            return screen.field.text();
+        });
 }
 
 void tst_fields::moneyPrefix()
@@ -134,6 +139,31 @@ void tst_fields::moneyPrefix()
     screen.field.setText(u"-3,1"_s);
     screen.field.setPrefix(u"R$ "_s);
     QCOMPARE(screen.field.text(), u"R$ -3,10"_s);
+}
+
+void tst_fields::quantityTyped()
+{
+    checkAnswers(
+        u"1.000 -> 1.000 ; 1.000,12345 -> 1.000,1234 ; a-2,5, -> -2,5 ; 1234567890123 -> 123456789012"_s,
+        [](const QString &keys) {
+            QLineEdit field;
+            formkeys::acceptQuantity(&field);
+            QTest::keyClicks(&field, keys);
+            return field.text();
+        });
+}
+
+void tst_fields::twoDigitYearsInThePast()
+{
+    // today is 09/03/2026
+    checkAnswers(u"05/03/70 -> 05/03/1970 ; 09/03/26 -> 09/03/2026 ; 10/03/26 -> 10/03/1926\n"
+                 "29/02/00 -> 29/02/2000 ; 10/03/2026 -> 10/03/2026"_s,
+                 [](const QString &keys) {
+                     DateEdit field;
+                     field.setInPast(true);
+                     QTest::keyClicks(&field, keys);
+                     return field.dateText();
+                 });
 }
 
 /// What is in the field while it is typed, once it is left, and the date.
@@ -259,6 +289,27 @@ void tst_fields::enterMovesOn()
     QTest::keyClick(&screen.notes, Qt::Key_Return, Qt::ShiftModifier);
     QTest::keyClicks(&screen.notes, u"dois"_s);
     QCOMPARE(screen.notes.toPlainText(), u"um\ndois"_s);
+}
+
+void tst_fields::offersReplaceNothingTyped()
+{
+    KeysScreen screen;
+    screen.editable.addItems({u"campinas"_s, u"Santos"_s});
+    boxes::offerWhileTyping(&screen.editable);
+    // keys typed, "+" the first offer taken with the arrow; Enter goes on at the first press
+    checkAnswers(u"Campinas -> Campinas ; camp+ -> campinas ; SAN+ -> Santos ; ca -> ca ; Rio -> Rio"_s,
+                 [&screen](const QString &keys) {
+                     screen.editable.setFocus();
+                     screen.editable.lineEdit()->selectAll();
+                     QTest::keyClicks(&screen.editable, keys.section(u'+', 0, 0));
+                     QWidget *offers = QApplication::activePopupWidget();
+                     if (keys.endsWith(u'+'))
+                         QTest::keyClick(offers, Qt::Key_Down);
+                     QTest::keyClick(offers ? offers : &screen.editable, Qt::Key_Return);
+                     const bool movedOn = QApplication::focusWidget() == &screen.date;
+                     const bool offered = offers || keys == u"Rio";
+                     return movedOn && offered ? screen.editable.currentText() : u"stays"_s;
+                 });
 }
 
 void tst_fields::messageBoxes()
