@@ -20,12 +20,12 @@ std::optional<Recordset> byName(Connection &connection, const QString &name)
 
 /// The sum of `valor` over the settled rows of a table that meet the condition, each amount rounded to cents
 /// first.
-Money settledSum(Connection &connection, const QString &table, const QString &condition)
+Sum settledSum(Connection &connection, const QString &table, const QString &condition)
 {
     Statement rows = connection.prepare(u"Select valor from "_s + table + u" WHERE estatus like ('"_s +
                                             status::settled.toString() + u"') AND "_s + condition,
                                         dialect::RowOrder::Any);
-    Money sum;
+    Sum sum;
     while (rows.step())
         sum += Money::stored(rows.utf8(0)).roundedToCents();
     return sum;
@@ -33,11 +33,11 @@ Money settledSum(Connection &connection, const QString &table, const QString &co
 
 /// What the settled movements add to the account. Kinds are told apart by their exact words, in which letter
 /// case counts.
-Money movementSum(Connection &connection, const QString &origin, const QString &destination)
+Sum movementSum(Connection &connection, const QString &origin, const QString &destination)
 {
     const QString settled = u"Select movimento, valor from bancario WHERE estatus like ('"_s +
                             status::settled.toString() + u"') AND "_s;
-    Money sum;
+    Sum sum;
     Statement leaving = connection.prepare(settled + origin, dialect::RowOrder::Any);
     while (leaving.step()) {
         const QString kind = leaving.text(0);
@@ -81,7 +81,7 @@ std::vector<AccountBalance> balances(Connection &connection, bool recompute, Pro
         const Money opening = Money::stored(accounts.utf8(accounts.column(u"saldo")));
         AccountBalance account{
             accounts.text(u"banco"), accounts.text(u"informacoes"), opening.roundedToCents(), {}};
-        Money current = opening;
+        Sum current = opening;
         if (recompute) {
             const QString origin = u"origem like ("_s + sql::literal(account.name) + u")"_s;
             const QString destination = u"destino like ("_s + sql::literal(account.name) + u")"_s;
@@ -119,10 +119,11 @@ RowStore rows(const std::vector<AccountBalance> &balances)
 
 QString summary(const std::vector<AccountBalance> &balances)
 {
-    Money current, opening, moved;
+    Sum current, opening, moved;
     QString text;
     for (const AccountBalance &account : balances) {
-        const Money movement = account.current - account.opening;
+        Sum movement = account.current;
+        movement -= account.opening;
         current += account.current;
         opening += account.opening;
         moved += movement;
@@ -132,9 +133,9 @@ QString summary(const std::vector<AccountBalance> &balances)
                 movement.inReais() + newLine + u"."_s + newLine;
     }
     text += u" > REFERÊNCIAS RÁPIDAS"_s + newLine + u"."_s + newLine;
-    const std::pair<QString, Money> blocks[] = {{u"Valor total em caixa/banco"_s, current},
-                                                {u"Valor total de inicio em caixa/banco"_s, opening},
-                                                {u"Saldo total de movimentação "_s, moved}};
+    const std::pair<QString, Sum> blocks[] = {{u"Valor total em caixa/banco"_s, current},
+                                              {u"Valor total de inicio em caixa/banco"_s, opening},
+                                              {u"Saldo total de movimentação "_s, moved}};
     for (const auto &[caption, total] : blocks)
         text += caption + newLine + total.inReais() + newLine + newLine;
     return text;

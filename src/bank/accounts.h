@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/decimal.h"
 #include "data/progress.h"
+#include "data/sum.h"
 #include "lists/rowstore.h"
 
 #include <QString>
@@ -23,7 +23,8 @@ struct AccountForm
 struct AccountBalance
 {
     QString name, notes;
-    Money opening, current;
+    Money opening;
+    Sum current;
 };
 
 /// What the setting AtualizarSaldo asks of a refill of the account list.

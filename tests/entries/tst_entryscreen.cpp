@@ -32,8 +32,9 @@ struct EditScreen
     QString save, table;
 };
 
-/// Longer than a field takes unless told otherwise, with an entry's trailing blank.
-const QString longText = u"x"_s.repeated(40'000) + u" fim "_s;
+/// Longer than a field takes unless told otherwise, with what a field of several lines would change, and an
+/// entry's trailing blank.
+const QString longText = u"x"_s.repeated(40'000) + u"\r\nR$\u00A01 fim "_s;
 
 const std::vector<EditScreen> &editScreens()
 {
