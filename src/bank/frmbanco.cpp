@@ -3,6 +3,7 @@
 
 #include "bank/accounts.h"
 #include "widgets/messages.h"
+#include "widgets/notes.h"
 
 using namespace Qt::StringLiterals;
 
@@ -38,14 +39,14 @@ frmbanco *frmbanco::openEdit(const QString &name, QWidget *parent, quint64 liste
     screen->m_ui->txtnome->setReadOnly(true);
     screen->m_ui->txtnome->setToolTip(u"O nome não muda: os lançamentos se referem a ele"_s);
     screen->m_ui->txtvalor->setText(account->opening);
-    screen->m_ui->txtinfo->setPlainText(account->notes.trimmed());
+    notes::show(screen->m_ui->txtinfo, account->notes.trimmed());
     screen->m_ui->txtvalor->setFocus();
     return shown(std::move(screen));
 }
 
 void frmbanco::save()
 {
-    const AccountForm form{m_ui->txtnome->text(), m_ui->txtvalor->text(), m_ui->txtinfo->toPlainText()};
+    const AccountForm form{m_ui->txtnome->text(), m_ui->txtvalor->text(), notes::text(m_ui->txtinfo)};
     if (const auto problem = accounts::problem(form)) {
         m_ui->cmdinserir->setEnabled(false);
         messages::exclamation(this, u"Erro"_s, *problem);

@@ -6,6 +6,7 @@
 #include "data/status.h"
 #include "widgets/boxes.h"
 #include "widgets/messages.h"
+#include "widgets/notes.h"
 
 using namespace Qt::StringLiterals;
 
@@ -89,7 +90,7 @@ void frmmovimentobanc::showForm(const MovementForm &form)
     m_ui->cboorigem->setCurrentText(form.origin);
     m_ui->cbodestino->setCurrentText(form.destination);
     boxes::choose(m_ui->cboestatus, form.status);
-    m_ui->txtinfo->setPlainText(form.notes.trimmed());
+    notes::show(m_ui->txtinfo, form.notes.trimmed());
 }
 
 MovementForm frmmovimentobanc::form() const
@@ -101,7 +102,7 @@ MovementForm frmmovimentobanc::form() const
         .origin = m_ui->cboorigem->currentText(),
         .destination = m_ui->cbodestino->currentText(),
         .status = m_ui->cboestatus->currentText(),
-        .notes = m_ui->txtinfo->toPlainText(),
+        .notes = notes::text(m_ui->txtinfo),
     };
 }
 

@@ -4,6 +4,7 @@
 #include "widgets/boxes.h"
 #include "widgets/files.h"
 #include "widgets/messages.h"
+#include "widgets/notes.h"
 
 using namespace Qt::StringLiterals;
 
@@ -97,7 +98,7 @@ void frmCadCli::showForm(const ContactForm &form)
     m_ui->txtemail->setText(form.email);
     m_ui->txtinsc->setText(form.registration);
     showPicture(form.picture);
-    m_ui->txtadicionais->setPlainText(form.notes);
+    notes::show(m_ui->txtadicionais, form.notes);
 }
 
 ContactForm frmCadCli::form() const
@@ -118,7 +119,7 @@ ContactForm frmCadCli::form() const
         .email = m_ui->txtemail->text(),
         .registration = m_ui->txtinsc->text(),
         .picture = m_ui->lbllocal->text(),
-        .notes = m_ui->txtadicionais->toPlainText(),
+        .notes = notes::text(m_ui->txtadicionais),
         .isPerson = m_ui->optcpf->isChecked(),
     };
 }

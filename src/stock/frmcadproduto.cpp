@@ -4,6 +4,7 @@
 #include "stock/products.h"
 #include "widgets/formkeys.h"
 #include "widgets/messages.h"
+#include "widgets/notes.h"
 
 using namespace Qt::StringLiterals;
 
@@ -39,14 +40,14 @@ frmcadproduto *frmcadproduto::openEdit(const QString &name, QWidget *parent, qui
     screen->m_ui->txtproduto->setText(product->name);
     screen->m_ui->txtqtde->setText(product->quantity);
     screen->m_ui->txtvalor->setText(product->cost);
-    screen->m_ui->txtinfo->setPlainText(product->notes);
+    notes::show(screen->m_ui->txtinfo, product->notes);
     return shown(std::move(screen));
 }
 
 void frmcadproduto::save()
 {
     const ProductForm form{m_ui->txtproduto->text(), m_ui->txtqtde->text(), m_ui->txtvalor->text(),
-                           m_ui->txtinfo->toPlainText()};
+                           notes::text(m_ui->txtinfo)};
     if (const auto problem = products::problem(form)) {
         messages::critical(this, u"Erro"_s, *problem);
         m_ui->txtproduto->setFocus();

@@ -54,7 +54,7 @@ ProductList list(Connection &connection)
     for (Recordset rows(connection, u"select * from [produto]"_s); rows.next();) {
         const Quantity units = quantity(rows);
         const Money cost = Money::stored(rows.utf8(rows.column(u"custo")));
-        const Money value = cost.times(units);
+        const Sum value = Sum(cost).times(units);
         list.units += units;
         list.value += value;
         const std::string unitsText = units.plain().toStdString(), costText = cost.inReais().toStdString(),

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/decimal.h"
+#include "data/sum.h"
 #include "lists/listcolumn.h"
 #include "lists/rowstore.h"
 
@@ -24,8 +24,8 @@ struct ProductForm
 struct ProductList
 {
     RowStore rows;
-    Quantity units; ///< quantities of all products
-    Money value;    ///< cost times quantity, summed
+    Sum units; ///< quantities of all products
+    Sum value; ///< cost times quantity, summed
 
     QString summary() const;
 };

@@ -44,6 +44,7 @@ class tst_accounts : public QObject
 private Q_SLOTS:
     void balancesFollowSettledEntriesOnly();
     void namesMatchAsPatterns();
+    void sumOutOfRangeIsShownAsSuch();
     void summaryText();
     void formIsCheckedAndStored();
     void movementQueries();
@@ -88,6 +89,18 @@ void tst_accounts::namesMatchAsPatterns()
     entry(program, u"receber"_s, u"Concluído"_s, u"caixa grande"_s, u"5,00"_s);
     QCOMPARE(shown(accounts::balances(openDatabase())),
              u"Caixa% | R$ 15,00 | R$ 0,00\nCaixa 2 | R$ 10,00 | R$ 0,00"_s);
+}
+
+void tst_accounts::sumOutOfRangeIsShownAsSuch()
+{
+    TestProgram program;
+    for (const QString &name : {u"Caixa"_s, u"Banco"_s})
+        accounts::add(program.database(), {name, u"1"_s, u""_s});
+    for (int i = 0; i < 2; ++i)
+        entry(program, u"receber"_s, u"Concluído"_s, u"Caixa"_s, u"900.000.000.000.000,00"_s);
+    const auto balances = accounts::balances(openDatabase());
+    QCOMPARE(shown(balances), u"Caixa | valor grande demais | R$ 1,00\nBanco | R$ 1,00 | R$ 1,00"_s);
+    QVERIFY(accounts::summary(balances).contains(u"Movimentação de valor grande demais\r\n"_s));
 }
 
 void tst_accounts::summaryText()

@@ -32,8 +32,9 @@ struct EditScreen
     QString save, table;
 };
 
-/// Longer than a field takes unless told otherwise, with an entry's trailing blank.
-const QString longText = u"x"_s.repeated(40'000) + u" fim "_s;
+/// Longer than a field takes unless told otherwise, with what a field of several lines would change, and an
+/// entry's trailing blank.
+const QString longText = u"x"_s.repeated(40'000) + u"\r\nR$\u00A01 fim "_s;
 
 const std::vector<EditScreen> &editScreens()
 {
@@ -123,8 +124,6 @@ void tst_entryscreen::savingIntoAnotherFileIsRefused()
         shop.program.run(edited.insert);
         const std::unique_ptr<QDialog> screen(edited.open());
         replaceDatabase();
-        shop.program.run(u"delete from "_s + edited.table);
-        shop.program.run(edited.insert);
         const QString before = shop.program.rows(u"select * from "_s + edited.table);
         shop.press(edited.save);
         const QString told = shop.boxes.seen().join(u'\n');
