@@ -166,7 +166,7 @@ void tst_entryscreen::continuingAfterAnEditAddsAnEntry()
     shop.press(u"cmdinserir"_s);
     QCOMPARE(shop.program.rows(u"select código, cliente, valor from receber"_s),
              u"1 | Bia | 1.234,50\n2 | Bia | 2,00\n"_s);
-    QCOMPARE(shop.list(u"lstreceber"_s)->cell(0, 4), u"Ana"_s); // the main window waits
+    QCOMPARE(shop.list(u"lstreceber"_s)->rowCount(), 1); // the main window waits
     shop.press(u"cmdcancelar"_s);
     QCOMPARE(shop.list(u"lstreceber"_s)->rowCount(), 2);
     QCOMPARE(shop.list(u"lstreceber"_s)->cell(0, 4), u"Bia"_s);
