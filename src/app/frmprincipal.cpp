@@ -9,6 +9,7 @@
 #include "data/clock.h"
 #include "data/dates.h"
 #include "entries/entrycommands.h"
+#include "entries/entrylist.h"
 #include "entries/entrypane.h"
 #include "settings/autostart.h"
 #include "settings/database.h"
@@ -29,7 +30,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int loadAtOnce = 60;      ///< milliseconds of work on tabs that are not shown, before the window answers
+constexpr int loadAtOnce = 60; ///< milliseconds of work on tabs that are not shown, before the window answers
 constexpr int betweenTries = 5'000; ///< milliseconds, to open a database that was not there
 
 } // namespace
@@ -134,9 +135,8 @@ void frmPrincipal::start()
     for (ListPane *pane : listPanes())
         pane->restoreFilters();
     m_welcome->setText(u"Seja bem vindo ao software   -   "_s + dates::longDate(programclock::today()));
-    m_payables->list().applyLayout(listlayout::load(m_payables->layoutFile()));
-    m_receivables->list().applyLayout(listlayout::load(m_receivables->layoutFile()));
-    m_movements->list().applyLayout(listlayout::load(listlayout::movements()));
+    for (const auto &[pane, file] : layouts())
+        pane->list().applyLayout(listlayout::load(file));
     m_layoutShown = true;
     applySettings();
     reloadAll();
@@ -146,6 +146,13 @@ void frmPrincipal::start()
 QList<ListPane *> frmPrincipal::listPanes() const
 {
     return {m_payables, m_receivables, m_movements};
+}
+
+std::vector<std::pair<ListPane *, ListLayoutFile>> frmPrincipal::layouts() const
+{
+    return {{m_payables, entrylist::layoutFile(payable())},
+            {m_receivables, entrylist::layoutFile(receivable())},
+            {m_movements, movementlist::layoutFile()}};
 }
 
 void frmPrincipal::showTab(Tab tab)
@@ -285,9 +292,10 @@ void frmPrincipal::closeEvent(QCloseEvent *event)
 {
     if (m_layoutShown)
         messages::guarded(this, messages::generalPrefix, [this] {
-            listlayout::save(m_payables->layoutFile(), m_payables->list().layout());
-            listlayout::save(m_receivables->layoutFile(), m_receivables->list().layout());
-            listlayout::save(listlayout::movements(), m_movements->list().layout());
+            std::vector<std::pair<ListLayoutFile, ListLayout>> shown;
+            for (const auto &[pane, file] : layouts())
+                shown.emplace_back(file, pane->list().layout());
+            listlayout::saveAll(shown);
         });
     QMainWindow::closeEvent(event);
 }

@@ -15,6 +15,7 @@ class frmPrincipal;
 class AccountPane;
 class EntryPane;
 class ListPane;
+struct ListLayoutFile;
 class ListView;
 class MovementPane;
 class QLabel;
@@ -50,6 +51,7 @@ private:
     void loadNext();
     void tryToOpen();
     QList<ListPane *> listPanes() const;
+    std::vector<std::pair<ListPane *, ListLayoutFile>> layouts() const;
     ListPane *paneOf(Subject subject) const;
     void applySettings();
     QList<ListView *> lists();

@@ -1,7 +1,6 @@
 #include "bank/movementlist.h"
 
 #include "bank/movement.h"
-#include "data/dates.h"
 #include "lists/period.h"
 
 using namespace Qt::StringLiterals;
@@ -47,22 +46,8 @@ QString baseQuery(period::Choice choice, const QString &kind, QDate today)
 {
     if (choice == period::Choice::All)
         return u"Select * from bancario "_s + (kind.isEmpty() ? QString() : u"WHERE "_s + kind);
-    const QString and_ = kind.isEmpty() ? QString() : u" AND "_s + kind;
-    const QString year = today.toString(u"yyyy"_s);
-    switch (choice) {
-    case period::Choice::ThisYear:
-        return u"SELECT * FROM bancario where(data like '%"_s + year + u"/%') "_s + and_;
-    case period::Choice::ThisMonth:
-        return u"SELECT * FROM bancario where(Data like '%/"_s + today.toString(u"MM"_s) +
-               u"/%' AND data like '%"_s + year + u"/%') "_s + and_;
-    case period::Choice::Today:
-        return u"SELECT * FROM bancario where(Data like '"_s + dates::stored(today) + u"') "_s + and_;
-    default: {
-        const auto [first, last] = period::range(choice, today);
-        return u"SELECT * FROM bancario WHERE data BETWEEN '"_s + first + u"' AND '"_s + last + u"' "_s +
-               and_;
-    }
-    }
+    return u"SELECT * FROM bancario"_s + period::condition(choice, u"data"_s, u"Data"_s, today) +
+           (kind.isEmpty() ? QString() : u" AND "_s + kind);
 }
 
 period::Choice periodOf(const MovementFilter &filter)
@@ -152,6 +137,11 @@ std::vector<ListColumn> columns()
         column(u"estatus"_s, u"Estatus"_s, CellKind::Text, u"1340,2206"_s, u"estatus"_s),
         column(u"info"_s, u"Informações"_s, CellKind::Text, u"2839,7483"_s, u"informacoes"_s),
     };
+}
+
+ListLayoutFile layoutFile()
+{
+    return {u"bancario.ini"_s, columns()};
 }
 
 } // namespace movementlist

@@ -2,6 +2,7 @@
 
 #include "lists/figures.h"
 #include "lists/listcolumn.h"
+#include "settings/listlayout.h"
 
 #include <QDate>
 #include <QStringList>
@@ -43,5 +44,6 @@ QString shownPeriod(const MovementFilter &filter);
 /// The list's query, in the program's SQL dialect.
 QString query(const MovementFilter &filter, QDate today);
 std::vector<ListColumn> columns();
+ListLayoutFile layoutFile();
 
 } // namespace movementlist

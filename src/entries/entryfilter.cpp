@@ -1,6 +1,6 @@
 #include "entries/entryfilter.h"
 
-#include "data/dates.h"
+#include "data/literal.h"
 #include "data/status.h"
 #include "lists/period.h"
 #include "stock/stock.h"
@@ -14,7 +14,7 @@ QString piece(const QString &column, const QString &choice, const QString &all)
 {
     if (choice.isEmpty() || choice.compare(all, Qt::CaseInsensitive) == 0)
         return {};
-    return u" and ("_s + column + u" like '"_s + choice + u"') "_s;
+    return u" and ("_s + column + u" like "_s + sql::literal(choice) + u") "_s;
 }
 
 /// Entries that carry the product chosen, or any product.
@@ -31,27 +31,6 @@ QString statusPattern(const QString &choice)
     if (lower == u"pendentes e concluídos" || lower.isEmpty())
         return u"%%"_s;
     return (lower == u"pendentes" ? status::pending : status::settled).toString();
-}
-
-/// The beginning of the query up to and including the period, for every choice but "all data".
-QString periodQuery(const Side &side, const QString &column, period::Choice choice, QDate today)
-{
-    const QString select = u"SELECT * FROM "_s + side.table;
-    const QString dayColumn = side.dateChoiceFilters ? column : u"Data"_s;
-    const QString year = today.toString(u"yyyy"_s);
-    switch (choice) {
-    case period::Choice::ThisYear:
-        return select + u" where("_s + column + u" like '%"_s + year + u"/%') "_s;
-    case period::Choice::ThisMonth: // the year half tests `data` whatever the column
-        return select + u" where("_s + dayColumn + u" like '%/"_s + today.toString(u"MM"_s) +
-               u"/%' AND data like '%"_s + year + u"/%') "_s;
-    case period::Choice::Today:
-        return select + u" where("_s + dayColumn + u" like '"_s + dates::stored(today) + u"') "_s;
-    default: {
-        const auto [first, last] = period::range(choice, today);
-        return select + u" WHERE "_s + column + u" BETWEEN '"_s + first + u"' AND '"_s + last + u"' "_s;
-    }
-    }
 }
 
 } // namespace
@@ -83,13 +62,12 @@ QString query(const Side &side, const EntryFilter &filter, QDate today)
     const QString wanted = statusPattern(filter.status);
     const period::Choice choice = period::fromText(filter.period);
 
-    QString sql;
+    const QString dayColumn = side.dateChoiceFilters ? column : u"Data"_s;
+    QString sql = u"SELECT * FROM "_s + side.table + period::condition(choice, column, dayColumn, today);
     if (choice == period::Choice::All)
-        sql = u"SELECT * FROM "_s + side.table + u" where (estatus like '"_s + wanted + u"') "_s;
-    else if (wanted == u"%%")
-        sql = periodQuery(side, column, choice, today);
-    else
-        sql = periodQuery(side, column, choice, today) + u" and (estatus like '"_s + wanted + u"') "_s;
+        sql += u" where (estatus like '"_s + wanted + u"') "_s;
+    else if (wanted != u"%%")
+        sql += u" and (estatus like '"_s + wanted + u"') "_s;
 
     if (filter.product)
         sql += productPiece(*filter.product);

@@ -56,6 +56,11 @@ std::vector<ListColumn> columns(const Side &side)
     return result;
 }
 
+ListLayoutFile layoutFile(const Side &side)
+{
+    return {side.table + u".ini"_s, columns(side)};
+}
+
 int columnOf(const Side &side, QStringView key)
 {
     const std::vector<ListColumn> all = columns(side);

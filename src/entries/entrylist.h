@@ -3,6 +3,7 @@
 #include "entries/side.h"
 #include "lists/figures.h"
 #include "lists/listcolumn.h"
+#include "settings/listlayout.h"
 
 #include <QStringList>
 
@@ -29,6 +30,8 @@ namespace entrylist {
 
 /// The columns of a side's list: the row key first, then as in its layout file.
 std::vector<ListColumn> columns(const Side &side);
+/// Widths and positions of the columns are kept there.
+ListLayoutFile layoutFile(const Side &side);
 /// Where the column with this layout key stands in the side's list.
 int columnOf(const Side &side, QStringView key);
 /// The different values of a column of the side's table, in name order, for a filter box.

@@ -33,8 +33,7 @@ const EntryPaneNames &payablePaneNames()
                                       .pages = modimpressao::ListKind::Payables,
                                       .centreLabel = u"Centro de c&usto:"_s,
                                       .contactLabel = u"Fo&rnecedor:"_s,
-                                      .emptyText = u"Nenhuma conta a pagar com estes filtros"_s,
-                                      .layout = listlayout::payables()};
+                                      .emptyText = u"Nenhuma conta a pagar com estes filtros"_s};
     return names;
 }
 
@@ -58,8 +57,7 @@ const EntryPaneNames &receivablePaneNames()
                                       .pages = modimpressao::ListKind::Receivables,
                                       .centreLabel = u"Centro de l&ucro:"_s,
                                       .contactLabel = u"Clie&nte:"_s,
-                                      .emptyText = u"Nenhuma conta a receber com estes filtros"_s,
-                                      .layout = listlayout::receivables()};
+                                      .emptyText = u"Nenhuma conta a receber com estes filtros"_s};
     return names;
 }
 

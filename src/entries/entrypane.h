@@ -2,7 +2,6 @@
 
 #include "entries/entryfilter.h"
 #include "reports/modimpressao.h"
-#include "settings/listlayout.h"
 #include "widgets/listpane.h"
 
 #include <memory>
@@ -22,7 +21,6 @@ struct EntryPaneNames
     QString reportTitle;
     modimpressao::ListKind pages; ///< how the list is printed
     QString centreLabel, contactLabel, emptyText;
-    const ListLayoutFile &layout;
 };
 
 const EntryPaneNames &payablePaneNames();
@@ -38,7 +36,6 @@ public:
     ~EntryPane() override;
 
     const Side &side() const { return m_side; }
-    const ListLayoutFile &layoutFile() const { return m_names.layout; }
 
     QAction *addCommand, *editCommand, *removeCommand, *settleCommand, *installmentsCommand;
 

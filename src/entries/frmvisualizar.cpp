@@ -20,8 +20,9 @@ frmVisualizar::frmVisualizar(const ViewKind &kind, ViewPeriod period, QWidget *p
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     background::apply(this);
-    m_feed = new ListFeed(*m_ui->lstdados, kind.columns(), std::make_unique<FigureTotals>(), kind.loadingTitle);
-    m_ui->lstdados->applyLayout(listlayout::load(kind.layout));
+    m_feed = new ListFeed(*m_ui->lstdados, kind.layout().columns, std::make_unique<FigureTotals>(),
+                          kind.loadingTitle);
+    m_ui->lstdados->applyLayout(listlayout::load(kind.layout()));
     m_ui->lstdados->setEmptyText(u"Nenhum dado cadastrado neste período"_s);
     makeMenu();
     connectExports();
@@ -77,16 +78,16 @@ void frmVisualizar::makeMenu()
 bool frmVisualizar::reload()
 {
     return messages::guarded(isVisible() ? this : parentWidget(), messages::generalPrefix, [this] {
-        m_feed->load(periodview::query(m_kind, periodview::shownPeriod(m_kind, m_period),
-                                       programclock::today()));
+        m_feed->load(
+            periodview::query(m_kind, periodview::shownPeriod(m_kind, m_period), programclock::today()));
     });
 }
 
 void frmVisualizar::showTotals()
 {
     const ViewPeriod period = periodview::shownPeriod(m_kind, m_period);
-    m_ui->lbltotal->setText(periodview::summary(
-        m_kind, period, static_cast<const FigureTotals &>(m_feed->totals()).figures));
+    m_ui->lbltotal->setText(
+        periodview::summary(m_kind, period, static_cast<const FigureTotals &>(m_feed->totals()).figures));
     setWindowTitle(periodview::title(m_kind, period));
     m_ui->lblperiodo->setText(periodview::periodText(period, programclock::today()));
 }

@@ -59,9 +59,8 @@ const ViewKind &payableView()
         .heading = u"CONTAS A PAGAR"_s,
         .loadingTitle = payable().loadingTitle,
         .limitedBySetting = false,
-        .layout = listlayout::payables(),
         .pages = modimpressao::ListKind::Payables,
-        .columns = [] { return entrylist::columns(payable()); },
+        .layout = [] { return entrylist::layoutFile(payable()); },
     };
     return kind;
 }
@@ -76,9 +75,8 @@ const ViewKind &receivableView()
         .heading = u"CONTAS A RECEBER"_s,
         .loadingTitle = receivable().loadingTitle,
         .limitedBySetting = false,
-        .layout = listlayout::receivables(),
         .pages = modimpressao::ListKind::Receivables,
-        .columns = [] { return entrylist::columns(receivable()); },
+        .layout = [] { return entrylist::layoutFile(receivable()); },
     };
     return kind;
 }
@@ -93,9 +91,8 @@ const ViewKind &bankView()
         .heading = u"MOVIMENTO BANCÁRIO"_s,
         .loadingTitle = movementlist::loadingTitle.toString(),
         .limitedBySetting = true,
-        .layout = listlayout::movements(),
         .pages = modimpressao::ListKind::Movements,
-        .columns = movementlist::columns,
+        .layout = movementlist::layoutFile,
     };
     return kind;
 }

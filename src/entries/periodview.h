@@ -2,13 +2,11 @@
 
 #include "data/changes.h"
 #include "lists/figures.h"
-#include "lists/listcolumn.h"
 #include "reports/modimpressao.h"
+#include "settings/listlayout.h"
 
 #include <QDate>
 #include <QString>
-
-struct ListLayoutFile;
 
 /// The period that a view shows; each contains the ones before it.
 enum class ViewPeriod { Day, Month, Year };
@@ -22,10 +20,9 @@ struct ViewKind
     QString totalWords; ///< "Total de despesas: R$ "
     QString heading;    ///< of the report
     QString loadingTitle;
-    bool limitedBySetting; ///< the setting VisualizarDadosBancario can narrow the period to the month
-    const ListLayoutFile &layout;
+    bool limitedBySetting;        ///< the setting VisualizarDadosBancario can narrow the period to the month
     modimpressao::ListKind pages; ///< how the list is printed
-    std::vector<ListColumn> (*columns)();
+    ListLayoutFile (*layout)();   ///< of the main window's list, whose columns the view has, too
 };
 
 const ViewKind &payableView();

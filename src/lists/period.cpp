@@ -57,4 +57,24 @@ std::pair<QString, QString> range(Choice choice, QDate today)
     return {};
 }
 
+QString condition(Choice choice, const QString &column, const QString &dayColumn, QDate today)
+{
+    const QString year = today.toString(u"yyyy"_s);
+    switch (choice) {
+    case Choice::All:
+        return {};
+    case Choice::ThisYear:
+        return u" where("_s + column + u" like '%"_s + year + u"/%') "_s;
+    case Choice::ThisMonth:
+        return u" where("_s + dayColumn + u" like '%/"_s + today.toString(u"MM"_s) +
+               u"/%' AND data like '%"_s + year + u"/%') "_s;
+    case Choice::Today:
+        return u" where("_s + dayColumn + u" like '"_s + dates::stored(today) + u"') "_s;
+    default:
+        break;
+    }
+    const auto [first, last] = range(choice, today);
+    return u" WHERE "_s + column + u" BETWEEN '"_s + first + u"' AND '"_s + last + u"' "_s;
+}
+
 } // namespace period

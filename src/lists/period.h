@@ -20,4 +20,9 @@ Choice fromText(const QString &text);
 /// for the choices that are selected by a pattern: All, ThisYear, ThisMonth, Today.
 std::pair<QString, QString> range(Choice choice, QDate today);
 
+/// What follows "SELECT * FROM table" for a choice: " where(data like '%2026/%') ", " WHERE data BETWEEN '…'
+/// AND '…' "; empty for All. `dayColumn` is the column's spelling where a month or one day is asked for; the
+/// year of ThisMonth always tests `data`.
+QString condition(Choice choice, const QString &column, const QString &dayColumn, QDate today);
+
 } // namespace period

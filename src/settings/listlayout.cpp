@@ -1,11 +1,12 @@
 #include "settings/listlayout.h"
 
+#include "data/error.h"
 #include "settings/inifile.h"
 #include "settings/programfolder.h"
 
 #include <cmath>
-#include <initializer_list>
-#include <utility>
+#include <numeric>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -25,20 +26,9 @@ const QString &positionSection()
     return name;
 }
 
-QString positionKey(qsizetype column)
+QString positionKey(std::size_t column)
 {
     return u"posicao%1"_s.arg(column + 1);
-}
-
-ListLayoutFile layoutFile(QStringView fileName,
-                          std::initializer_list<std::pair<QStringView, QStringView>> columns)
-{
-    ListLayoutFile file{fileName.toString(), {}, {}};
-    for (const auto &[key, width] : columns) {
-        file.keys << key.toString();
-        file.defaultWidths << width.toString();
-    }
-    return file;
 }
 
 /// No width of a screen comes near it.
@@ -76,78 +66,50 @@ bool isPermutation(const std::vector<int> &positions)
 
 } // namespace
 
-const ListLayoutFile &payables()
-{
-    static const ListLayoutFile file = layoutFile(u"pagar.ini", {{u"id", u"0"},
-                                                                 {u"data", u"1319,8111"},
-                                                                 {u"descricao", u"4190,1734"},
-                                                                 {u"documento", u"1839,6852"},
-                                                                 {u"fornecedor", u"2340,2837"},
-                                                                 {u"vencimento", u"1320,3781"},
-                                                                 {u"valor", u"1239,3072"},
-                                                                 {u"produto", u"2539,3072"},
-                                                                 {u"qtde", u"939,3072"},
-                                                                 {u"estatus", u"1319,8111"},
-                                                                 {u"origem", u"2140,1575"},
-                                                                 {u"informacoes", u"3240,0003"}});
-    return file;
-}
-
-const ListLayoutFile &receivables()
-{
-    static const ListLayoutFile file = layoutFile(u"receber.ini", {{u"id", u"0"},
-                                                                   {u"data", u"1319,8111"},
-                                                                   {u"descricao", u"4190,1734"},
-                                                                   {u"documento", u"1839,6852"},
-                                                                   {u"cliente", u"2340,2837"},
-                                                                   {u"vencimento", u"1320,3781"},
-                                                                   {u"valor", u"1239,3072"},
-                                                                   {u"custo", u"1239,3072"},
-                                                                   {u"produto", u"2539,3072"},
-                                                                   {u"qtde", u"939,3072"},
-                                                                   {u"estatus", u"1319,8111"},
-                                                                   {u"origem", u"2140,1575"},
-                                                                   {u"informacoes", u"3240,0003"}});
-    return file;
-}
-
-const ListLayoutFile &movements()
-{
-    static const ListLayoutFile file = layoutFile(u"bancario.ini", {{u"id", u"0"},
-                                                                    {u"data", u"1319,8111"},
-                                                                    {u"tipo", u"2940,0948"},
-                                                                    {u"origem", u"2140,1575"},
-                                                                    {u"destino", u"2140,1575"},
-                                                                    {u"valor", u"1339,6536"},
-                                                                    {u"estatus", u"1340,2206"},
-                                                                    {u"info", u"2839,7483"}});
-    return file;
-}
-
 ListLayout load(const ListLayoutFile &file)
 {
     const IniFile ini(programfolder::file(file.fileName));
     ListLayout layout;
-    for (qsizetype i = 0; i < file.keys.size(); ++i) {
-        layout.widths.push_back(width(ini.value(widthSection(), file.keys[i], {}), file.defaultWidths[i]));
+    for (std::size_t i = 0; i < file.columns.size(); ++i) {
+        const ListColumn &column = file.columns[i];
+        layout.widths.push_back(width(ini.value(widthSection(), column.key, {}), column.layoutWidth));
         layout.positions.push_back(
             ini.value(positionSection(), positionKey(i), QString::number(i + 1)).toInt());
     }
-    if (!isPermutation(layout.positions)) {
-        for (std::size_t i = 0; i < layout.positions.size(); ++i)
-            layout.positions[i] = int(i) + 1;
-    }
+    if (!isPermutation(layout.positions))
+        std::iota(layout.positions.begin(), layout.positions.end(), 1);
     return layout;
 }
 
 void save(const ListLayoutFile &file, const ListLayout &layout)
 {
     IniFile ini(programfolder::file(file.fileName));
-    for (qsizetype i = 0; i < file.keys.size(); ++i)
-        ini.setValue(widthSection(), file.keys[i], widthText(layout.widths.at(std::size_t(i))));
-    for (qsizetype i = 0; i < file.keys.size(); ++i)
-        ini.setValue(positionSection(), positionKey(i), QString::number(layout.positions.at(std::size_t(i))));
-    ini.save(IniFile::Readers::Everyone);
+    bool differs = false;
+    const auto set = [&](const QString &section, const QString &key, const QString &value) {
+        differs |= ini.value(section, key, {}) != value;
+        ini.setValue(section, key, value);
+    };
+    for (std::size_t i = 0; i < file.columns.size(); ++i)
+        set(widthSection(), file.columns[i].key, widthText(layout.widths.at(i)));
+    for (std::size_t i = 0; i < file.columns.size(); ++i)
+        set(positionSection(), positionKey(i), QString::number(layout.positions.at(i)));
+    if (differs)
+        ini.save(IniFile::Readers::Everyone);
+}
+
+void saveAll(const std::vector<std::pair<ListLayoutFile, ListLayout>> &layouts)
+{
+    std::optional<Error> first;
+    for (const auto &[file, layout] : layouts) {
+        try {
+            save(file, layout);
+        } catch (const Error &error) {
+            if (!first)
+                first = error;
+        }
+    }
+    if (first)
+        throw *first;
 }
 
 } // namespace listlayout

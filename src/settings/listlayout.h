@@ -1,8 +1,10 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
+#include "lists/listcolumn.h"
 
+#include <QString>
+
+#include <utility>
 #include <vector>
 
 /// Widths and positions of a list's columns, kept in a small file in the program folder. Widths are in twips
@@ -13,23 +15,20 @@ struct ListLayout
     std::vector<int> positions;
 };
 
-/// One of the main window's lists and its layout file.
+/// A list's layout file: "pagar.ini", and the columns that it lays out.
 struct ListLayoutFile
 {
-    QString fileName;          ///< "pagar.ini"
-    QStringList keys;          ///< one per column, in column order
-    QStringList defaultWidths; ///< "1319,8111"
+    QString fileName;
+    std::vector<ListColumn> columns;
 };
 
 namespace listlayout {
 
-const ListLayoutFile &payables();
-const ListLayoutFile &receivables();
-const ListLayoutFile &movements();
-
 /// Unreadable or missing values give the defaults; positions that are no permutation give the column order.
 ListLayout load(const ListLayoutFile &file);
-/// Throws Error::Kind::File.
+/// Writes nothing when the file says the same already. Throws Error::Kind::File.
 void save(const ListLayoutFile &file, const ListLayout &layout);
+/// Saves every one that can be saved, and then throws the first error there was.
+void saveAll(const std::vector<std::pair<ListLayoutFile, ListLayout>> &layouts);
 
 } // namespace listlayout

@@ -21,6 +21,11 @@ namespace {
 
 constexpr double twipsPerPixel = 15;
 
+int pixelsOf(double twips)
+{
+    return int(std::lround(twips / twipsPerPixel));
+}
+
 /// Shows a cell in one line, and its whole text as a hint when it is cut off.
 class CellDelegate : public QStyledItemDelegate
 {
@@ -182,7 +187,10 @@ ListLayout ListView::layout() const
 {
     ListLayout result;
     for (int i = 0; i < header()->count(); ++i) {
-        result.widths.push_back(header()->sectionSize(i) * twipsPerPixel);
+        const int pixels = header()->sectionSize(i);
+        const bool asGiven =
+            std::size_t(i) < m_givenWidths.size() && pixelsOf(m_givenWidths[std::size_t(i)]) == pixels;
+        result.widths.push_back(asGiven ? m_givenWidths[std::size_t(i)] : pixels * twipsPerPixel);
         result.positions.push_back(header()->visualIndex(i) + 1);
     }
     return result;
@@ -193,8 +201,9 @@ void ListView::applyLayout(const ListLayout &layout)
     const auto columns = std::size_t(header()->count());
     if (layout.widths.size() != columns || layout.positions.size() != columns)
         return;
+    m_givenWidths = layout.widths;
     for (std::size_t i = 0; i < columns; ++i)
-        header()->resizeSection(int(i), int(std::lround(layout.widths[i] / twipsPerPixel)));
+        header()->resizeSection(int(i), pixelsOf(layout.widths[i]));
     for (std::size_t position = 0; position < columns; ++position) {
         const auto found = std::ranges::find(layout.positions, int(position) + 1);
         if (found != layout.positions.end())

@@ -36,7 +36,7 @@ QString shown(const ViewKind &kind, ViewPeriod period)
 {
     const ViewPeriod shownPeriod = periodview::shownPeriod(kind, period);
     const KeyedList list =
-        readList(kind.columns(), FigureTotals(), periodview::query(kind, shownPeriod, today));
+        readList(kind.layout().columns, FigureTotals(), periodview::query(kind, shownPeriod, today));
     const int rows = list.rows().rowCount();
     QString text = rows > 0 ? periodview::title(kind, shownPeriod) + u'\n' : QString();
     text += periodview::summary(kind, shownPeriod, static_cast<const FigureTotals &>(list.totals()).figures);

@@ -1,3 +1,4 @@
+#include "bank/movementlist.h"
 #include "data/error.h"
 #include "settings/autostart.h"
 #include "settings/inifile.h"
@@ -154,17 +155,17 @@ void TestSettings::foreignFilesAreRead()
 
 void TestSettings::layoutsComeBack()
 {
-    ListLayout layout = listlayout::load(listlayout::movements());
+    ListLayout layout = listlayout::load(movementlist::layoutFile());
     QVERIFY(!QFile::exists(in(u"programa/bancario.ini"_s)));
     layout.widths.at(2) = 1234.5;
     std::swap(layout.positions.at(1), layout.positions.at(7));
-    listlayout::save(listlayout::movements(), layout);
+    listlayout::save(movementlist::layoutFile(), layout);
     QCOMPARE(bytes(in(u"programa/bancario.ini"_s)),
              QByteArray("[TAMANHO]\nid=0\ndata=1319,8111\ntipo=1234,5\norigem=2140,1575\ndestino=2140,1575\n"
                         "valor=1339,6536\nestatus=1340,2206\ninfo=2839,7483\n\n"
                         "[POSICAO]\nposicao1=1\nposicao2=8\nposicao3=3\nposicao4=4\nposicao5=5\nposicao6=6\n"
                         "posicao7=7\nposicao8=2\n"));
-    const ListLayout loaded = listlayout::load(listlayout::movements());
+    const ListLayout loaded = listlayout::load(movementlist::layoutFile());
     QCOMPARE(loaded.widths, layout.widths);
     QCOMPARE(loaded.positions, layout.positions);
 }
@@ -173,7 +174,7 @@ void TestSettings::brokenLayoutsGiveDefaults()
 {
     put(in(u"programa/bancario.ini"_s), "[tamanho]\r\nDATA= 900,5\r\ntipo=abc\r\norigem=-5\r\ndestino=nan\r\n"
                                         "valor=1e99\r\nestatus=\r\n[posicao]\r\nposicao1=2\r\n");
-    const ListLayout layout = listlayout::load(listlayout::movements());
+    const ListLayout layout = listlayout::load(movementlist::layoutFile());
     QCOMPARE(layout.widths, std::vector<double>({0, 900.5, 2940.0948, 2140.1575, 2140.1575, 1339.6536,
                                                  1340.2206, 2839.7483}));
     QCOMPARE(layout.positions, std::vector<int>({1, 2, 3, 4, 5, 6, 7, 8}));

@@ -207,7 +207,7 @@ void tst_listview::layoutGoesAndComes()
     Shown shown;
     shown.list.applyLayout({{300, 1319.8111, 2400, 1200, 0}, {1, 4, 2, 3, 5}});
     const ListLayout layout = shown.list.layout();
-    QCOMPARE(layout.widths, (std::vector<double>{300, 1320, 2400, 1200, 0}));
+    QCOMPARE(layout.widths, (std::vector<double>{300, 1319.8111, 2400, 1200, 0}));
     QCOMPARE(layout.positions, (std::vector<int>{1, 4, 2, 3, 5}));
     shown.list.applyLayout({{15, 15}, {2, 1}}); // of another list
     QCOMPARE(shown.list.layout().positions, layout.positions);
