@@ -71,22 +71,21 @@ bool AccountPane::refresh()
             return;
         }
         const auto load = std::make_shared<BalanceLoad>(openDatabase(), mode == BalanceMode::Recompute);
-        m_work.start({.title = waitTitle,
-                      .text = waitText,
-                      .run = [load](const QDeadlineTimer &until) { return load->run(until); },
-                      .interrupted = {},
-                      .done =
-                          [this, load] {
-                              m_serial = load->serial();
-                              m_dataVersion = load->dataVersion();
-                              show(load->takeBalances());
-                          },
-                      .failed =
-                          [this](const Error &error) {
-                              messages::error(window(), messages::generalPrefix, error);
-                          },
-                      .total = [load] { return load->accounts(); },
-                      .progress = [load] { return load->accountsDone(); }});
+        m_work.start(
+            {.title = waitTitle,
+             .text = waitText,
+             .run = [load](const QDeadlineTimer &until) { return load->run(until); },
+             .interrupted = {},
+             .done =
+                 [this, load] {
+                     m_serial = load->serial();
+                     m_dataVersion = load->dataVersion();
+                     show(load->takeBalances());
+                 },
+             .failed =
+                 [this](const Error &error) { messages::error(window(), messages::generalPrefix, error); },
+             .total = [load] { return load->accounts(); },
+             .progress = [load] { return load->accountsDone(); }});
     });
 }
 
@@ -125,7 +124,7 @@ void AccountPane::editSelected()
 {
     const int row = selectedOrTell();
     if (row >= 0)
-        frmbanco::openEdit(m_ui->lstcaixabanco->cell(row, 0), window());
+        frmbanco::openEdit(m_ui->lstcaixabanco->cell(row, 0), window(), m_serial);
 }
 
 void AccountPane::removeSelected()

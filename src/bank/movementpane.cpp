@@ -17,8 +17,7 @@
 
 using namespace Qt::StringLiterals;
 
-MovementPane::MovementPane(QWidget *parent)
-    : ListPane(parent), m_ui(std::make_unique<Ui::MovementPane>())
+MovementPane::MovementPane(QWidget *parent) : ListPane(parent), m_ui(std::make_unique<Ui::MovementPane>())
 {
     m_ui->setupUi(this);
     setUp(m_ui->lstmovimento, m_ui->lbltotalm,
@@ -55,6 +54,7 @@ void MovementPane::makeCommands()
     addListExport(
         m_ui->comandos, *m_ui->lstmovimento, u"m"_s,
         [this] {
+            feed().finish();
             return Report{.title = u"Movimento bancário"_s,
                           .subtitle = movementlist::shownPeriod(filter()),
                           .filterText = filter().kind,
@@ -94,7 +94,7 @@ void MovementPane::editSelected()
 {
     const int row = selectedOrTell();
     if (row >= 0)
-        frmmovimentobanc::openEdit(feed().key(row), window());
+        frmmovimentobanc::openEdit(feed().key(row), window(), feed().serial());
 }
 
 void MovementPane::removeSelected()

@@ -3,7 +3,6 @@
 #include "data/like.h"
 #include "data/literal.h"
 #include "data/rows.h"
-#include "data/status.h"
 #include "entries/entry.h"
 
 #include <QHash>
@@ -20,11 +19,10 @@ QString fromByName(const CentreSide &side, const QString &name)
 }
 
 /// The sums of all entries by their description as it is written.
-using SumsByDescription = std::map<std::string, CentreSums, std::less<>>;
+using SumsByDescription = std::map<std::string, Figures, std::less<>>;
 
 SumsByDescription sumsByDescription(Connection &connection, const CentreSide &side)
 {
-    const std::string pending = status::pending.toUtf8().toStdString();
     SumsByDescription groups;
     Statement rows = connection.prepare(u"Select descricao, estatus, valor from "_s + side.entryTable,
                                         dialect::RowOrder::Any);
@@ -34,36 +32,24 @@ SumsByDescription sumsByDescription(Connection &connection, const CentreSide &si
         const std::string_view description = rows.utf8(0);
         auto group = groups.find(description);
         if (group == groups.end())
-            group = groups.emplace(description, CentreSums()).first;
-        const Money value = Money::stored(rows.utf8(2)).roundedToCents();
-        const bool isPending = rows.utf8(1) == pending;
-        (isPending ? group->second.pending : group->second.settled) += value;
-        ++(isPending ? group->second.pendingCount : group->second.settledCount);
+            group = groups.emplace(description, Figures()).first;
+        group->second.add(rows.utf8(1), Money::stored(rows.utf8(2)).roundedToCents());
     }
     return groups;
 }
 
-QString amount(qint64 count, Money sum)
+QString amount(const Figures::Part &part)
 {
-    return QString::number(count) + u" ("_s + sum.inReais() + u')';
+    return QString::number(part.count) + u" ("_s + part.sum.inReais() + u')';
 }
 
-QStringList totals(const CentreSide &side, const CentreSums &total)
+QStringList totals(const CentreSide &side, const Figures &total)
 {
-    return {side.totalLabel + total.total().inReais(), side.settledLabel + total.settled.inReais(),
-            side.pendingLabel + total.pending.inReais()};
+    return {side.totalLabel + total.total().sum.inReais(), side.settledLabel + total.settled.sum.inReais(),
+            side.pendingLabel + total.pending.sum.inReais()};
 }
 
 } // namespace
-
-CentreSums &CentreSums::operator+=(const CentreSums &other)
-{
-    pendingCount += other.pendingCount;
-    settledCount += other.settledCount;
-    pending += other.pending;
-    settled += other.settled;
-    return *this;
-}
 
 namespace centres {
 
@@ -103,7 +89,7 @@ void remove(Connection &connection, const CentreSide &side, const QString &name)
 std::vector<CentreLine> summary(Connection &connection, const CentreSide &side, const QStringList &names)
 {
     const SumsByDescription groups = sumsByDescription(connection, side);
-    QHash<QString, CentreSums> byFoldedName;
+    QHash<QString, Figures> byFoldedName;
     for (const auto &[description, sums] : groups)
         byFoldedName[textorder::folded(QString::fromStdString(description))] += sums;
 
@@ -111,26 +97,26 @@ std::vector<CentreLine> summary(Connection &connection, const CentreSide &side, 
     for (const QString &name : names) {
         CentreLine line{name, {}};
         if (const LikePattern pattern(name); !pattern.hasWildcards()) {
-            line.sums = byFoldedName.value(textorder::folded(name));
+            line.figures = byFoldedName.value(textorder::folded(name));
         } else {
             for (const auto &[description, sums] : groups)
                 if (pattern.matches(std::string_view(description)))
-                    line.sums += sums;
+                    line.figures += sums;
         }
         lines.push_back(std::move(line));
     }
     return lines;
 }
 
-CentreSums total(const std::vector<CentreLine> &lines)
+Figures total(const std::vector<CentreLine> &lines)
 {
-    CentreSums sums;
+    Figures sums;
     for (const CentreLine &line : lines)
-        sums += line.sums;
+        sums += line.figures;
     return sums;
 }
 
-QString totalsText(const CentreSide &side, const CentreSums &total)
+QString totalsText(const CentreSide &side, const Figures &total)
 {
     return totals(side, total).join(u" - "_s);
 }
@@ -147,10 +133,8 @@ RowStore rows(const std::vector<CentreLine> &lines)
 {
     RowStore store(4);
     for (const auto &[name, sums] : lines) {
-        const std::string cells[] = {name.toStdString(),
-                                     amount(sums.pendingCount, sums.pending).toStdString(),
-                                     amount(sums.settledCount, sums.settled).toStdString(),
-                                     amount(sums.count(), sums.total()).toStdString()};
+        const std::string cells[] = {name.toStdString(), amount(sums.pending).toStdString(),
+                                     amount(sums.settled).toStdString(), amount(sums.total()).toStdString()};
         store.append({cells[0], cells[1], cells[2], cells[3]});
     }
     return store;
@@ -161,9 +145,9 @@ Report report(const CentreSide &side, const std::vector<CentreLine> &lines)
     Report report;
     report.title = side.summaryTitle;
     for (const auto &[name, sums] : lines)
-        report.lines << side.nameLabel + name << u"Pendentes: "_s + amount(sums.pendingCount, sums.pending)
-                     << u"Concluídas: "_s + amount(sums.settledCount, sums.settled)
-                     << u"Total: "_s + amount(sums.count(), sums.total()) << QString();
+        report.lines << side.nameLabel + name << u"Pendentes: "_s + amount(sums.pending)
+                     << u"Concluídas: "_s + amount(sums.settled) << u"Total: "_s + amount(sums.total())
+                     << QString();
     report.statistics = totals(side, total(lines)).join(u'\n');
     report.textStatistics = report.statistics + u'\n';
     return report;

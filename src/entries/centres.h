@@ -1,7 +1,7 @@
 #pragma once
 
-#include "data/decimal.h"
 #include "entries/centreside.h"
+#include "lists/figures.h"
 #include "lists/listcolumn.h"
 #include "lists/rowstore.h"
 #include "reports/report.h"
@@ -12,22 +12,11 @@
 
 class Connection;
 
-/// What the entries of one centre, or of all, add up to.
-struct CentreSums
-{
-    qint64 pendingCount = 0, settledCount = 0;
-    Money pending, settled;
-
-    qint64 count() const { return pendingCount + settledCount; }
-    Money total() const { return pending + settled; }
-    CentreSums &operator+=(const CentreSums &other);
-};
-
 /// One line of the summary.
 struct CentreLine
 {
     QString name;
-    CentreSums sums;
+    Figures figures; ///< of its entries
 };
 
 /// The chart of accounts: centres are names, and an entry belongs to every centre whose name its description
@@ -46,9 +35,9 @@ void remove(Connection &connection, const CentreSide &side, const QString &name)
 /// A line for each of `names`, in their order: what a query with `descricao like` the name would add up, all
 /// in one pass over the entries. Every entry that is not pending counts as settled.
 std::vector<CentreLine> summary(Connection &connection, const CentreSide &side, const QStringList &names);
-CentreSums total(const std::vector<CentreLine> &lines);
+Figures total(const std::vector<CentreLine> &lines);
 /// The line under the summary list.
-QString totalsText(const CentreSide &side, const CentreSums &total);
+QString totalsText(const CentreSide &side, const Figures &total);
 
 std::vector<ListColumn> columns(const CentreSide &side);
 RowStore rows(const std::vector<CentreLine> &lines);

@@ -107,6 +107,11 @@ void writeColumns(Recordset &row, const ContactForm &form)
     row.set(u"tipo", form.isPerson ? u"f"_s : u"j"_s);
 }
 
+void writeKind(std::span<const std::string_view> values, std::string &out)
+{
+    out = values[0] == "f" ? "Pessoa Física" : "Pessoa Jurídica";
+}
+
 } // namespace
 
 namespace contact {
@@ -153,7 +158,7 @@ std::vector<ListColumn> columns(const ContactSide &side)
 {
     return {{u"código"_s, u"Código"_s, CellKind::Number, 0},
             {u"nome"_s, side.nameTitle, CellKind::Text, 220},
-            {u"tipo"_s, u"Tipo"_s, CellKind::Text, 110},
+            {u"tipo"_s, u"Tipo"_s, CellKind::Text, 110, {u"tipo"_s}, writeKind},
             {u"cpf"_s, u"CPF/CNPJ"_s, CellKind::Text, 140},
             {u"nascimento"_s, u"Nascimento"_s, CellKind::Date, 95},
             {u"pais"_s, u"País"_s, CellKind::Text, 70},
@@ -172,36 +177,6 @@ int emailColumn(const ContactSide &side)
 {
     const std::vector<ListColumn> all = columns(side);
     return int(std::ranges::find(all, u"email"_s, &ListColumn::key) - all.begin());
-}
-
-RowStore rows(Connection &connection, const ContactSide &side, const QString &query, Progress *progress)
-{
-    Recordset contacts(connection, query);
-    const std::vector<ListColumn> shown = columns(side);
-    std::vector<int> sources;
-    for (const ListColumn &column : shown)
-        sources.push_back(contacts.column(column.key));
-    RowStore store(int(shown.size()));
-    if (progress)
-        progress->begin([&contacts] { return contacts.count(); });
-    std::vector<std::string_view> cells(shown.size());
-    std::string birth;
-    while (contacts.next()) {
-        for (std::size_t i = 0; i < shown.size(); ++i) {
-            cells[i] = contacts.utf8(sources[i]);
-            if (shown[i].key == u"tipo") {
-                cells[i] = cells[i] == "f" ? "Pessoa Física" : "Pessoa Jurídica";
-            } else if (shown[i].kind == CellKind::Date) {
-                birth.clear();
-                dates::appendShown(cells[i], birth);
-                cells[i] = birth;
-            }
-        }
-        store.append(cells);
-        if (progress)
-            progress->advance(store.rowCount());
-    }
-    return store;
 }
 
 QStringList used(Connection &connection, const ContactSide &side, const QString &column)

@@ -1,9 +1,7 @@
 #pragma once
 
-#include "data/progress.h"
 #include "entries/contactside.h"
 #include "lists/listcolumn.h"
-#include "lists/rowstore.h"
 
 #include <QStringList>
 
@@ -50,8 +48,6 @@ QString heading(const ContactSide &side, const ContactFilter &filter);
 /// The row key first. `emailColumn` is the column of the e-mail address.
 std::vector<ListColumn> columns(const ContactSide &side);
 int emailColumn(const ContactSide &side);
-/// Reads all rows of `query`, a `SELECT *` on the side's table. `progress` may be null. Throws Error.
-RowStore rows(Connection &connection, const ContactSide &side, const QString &query, Progress *progress);
 
 /// The values of a column that contacts have already, in name order, without blank ones.
 QStringList used(Connection &connection, const ContactSide &side, const QString &column);

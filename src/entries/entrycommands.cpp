@@ -39,7 +39,8 @@ void EntryCommands::edit()
 {
     const int row = selectedOrTell();
     if (row >= 0)
-        frmAdicionar::openEdit(m_pane.side(), QString::number(m_pane.feed().key(row)), m_pane.window());
+        frmAdicionar::openEdit(m_pane.side(), QString::number(m_pane.feed().key(row)), m_pane.window(),
+                               m_pane.feed().serial());
 }
 
 std::optional<EntryRemoval> EntryCommands::removalOf(int row)

@@ -126,6 +126,7 @@ void EntryPane::makeCommands()
 
 Report EntryPane::report()
 {
+    feed().finish();
     return {.title = m_names.reportTitle,
             .subtitle = filter().period,
             .filterText = entryfilter::description(filter()),

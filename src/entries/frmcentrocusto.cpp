@@ -1,7 +1,7 @@
 #include "entries/frmcentrocusto.h"
 #include "ui_frmcentrocusto.h"
 
-#include "reports/exportcommands.h"
+#include "reports/listexportcommands.h"
 #include "widgets/messages.h"
 
 #include <QHeaderView>
@@ -58,12 +58,9 @@ void frmCentroCusto::connectControls()
     connect(m_ui->lstcentro->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &frmCentroCusto::allowCommands);
     connect(m_ui->xtab, &QTabWidget::currentChanged, this, &frmCentroCusto::showSummary);
-    connect(m_ui->cmdtxt, &QPushButton::clicked, this,
-            [this] { exportar::saveText(this, centres::report(m_side, m_summary), exportTexts()); });
-    connect(m_ui->cmdhtml, &QPushButton::clicked, this,
-            [this] { exportar::saveHtml(this, centres::report(m_side, m_summary), exportTexts()); });
-    connect(m_ui->cmdimprimir, &QPushButton::clicked, this,
-            [this] { exportar::print(this, centres::report(m_side, m_summary)); });
+    connectExports(
+        this, {m_ui->cmdimprimir, m_ui->cmdtxt, m_ui->cmdhtml},
+        [this] { return centres::report(m_side, m_summary); }, exportTexts());
     connect(m_ui->cmdsair, &QPushButton::clicked, this, &QDialog::close);
     connect(&Changes::instance(), &Changes::changed, this, &frmCentroCusto::refresh);
 }

@@ -2,11 +2,11 @@
 #include "ui_frmcliente.h"
 
 #include "entries/frmcadcli.h"
-#include "reports/exportcommands.h"
+#include "reports/listexportcommands.h"
+#include "settings/database.h"
 #include "stock/frmconfetiqueta.h"
-#include "widgets/frmcarregando.h"
+#include "widgets/listfeed.h"
 #include "widgets/messages.h"
-#include "widgets/waittext.h"
 
 #include <QDesktopServices>
 #include <QToolBar>
@@ -23,7 +23,8 @@ frmCliente::frmCliente(const ContactSide &side, QWidget *parent)
     setObjectName(side.listName);
     setWindowTitle(side.listCaption);
     prepare();
-    m_ui->lstcontato->setColumns(contact::columns(side));
+    m_feed = new ListFeed(*m_ui->lstcontato, contact::columns(side), std::make_unique<NoTotals>(),
+                          side.listCaption);
     m_ui->lstcontato->setEmptyText(u"Nenhum cadastro encontrado"_s);
     m_ui->cbofiltro->addItems(contact::filterChoices(side));
     m_ui->cboordenar->addItems(contact::sortChoices(side));
@@ -53,11 +54,8 @@ void frmCliente::connectCommands()
             [this] { frmCadCli::openNew(m_side, m_side.newCaption, this); });
     connect(m_ui->editar, &QAction::triggered, this, &frmCliente::editSelected);
     connect(m_ui->remover, &QAction::triggered, this, &frmCliente::removeSelected);
-    connect(m_ui->txt, &QAction::triggered, this,
-            [this] { exportar::saveText(this, report(), exportTexts()); });
-    connect(m_ui->html, &QAction::triggered, this,
-            [this] { exportar::saveHtml(this, report(), exportTexts()); });
-    connect(m_ui->imprimir, &QAction::triggered, this, [this] { exportar::print(this, report()); });
+    connectExports(
+        this, {m_ui->imprimir, m_ui->txt, m_ui->html}, [this] { return report(); }, exportTexts());
     connect(m_ui->mala, &QAction::triggered, this, &frmCliente::mergeMail);
     connect(m_ui->mnumaladireta, &QAction::triggered, this, &frmCliente::mergeMail);
     connect(m_ui->mnuemail, &QAction::triggered, this, &frmCliente::writeEmail);
@@ -71,8 +69,12 @@ void frmCliente::connectCommands()
     });
     for (const QComboBox *box : {m_ui->cboordenar, m_ui->cboordem})
         connect(box, &QComboBox::currentTextChanged, this, &frmCliente::refresh);
+    connect(m_feed, &ListFeed::failed, this,
+            [this](const Error &error) { messages::error(this, messages::generalPrefix, error); });
     connect(&Changes::instance(), &Changes::changed, this, [this](const Change &change) {
-        if (change.subject == m_side.subject || change.subject == Subject::Database)
+        if (change.subject == m_side.subject)
+            messages::guarded(this, messages::generalPrefix, [&] { m_feed->follow(change); });
+        else if (change.subject == Subject::Database)
             refresh();
     });
 }
@@ -85,10 +87,8 @@ ContactFilter frmCliente::filter() const
 
 bool frmCliente::refresh()
 {
-    return loadForChange([&](Connection &connection) {
-        WaitProgress progress(place(), m_side.listCaption, listWaitText());
-        m_ui->lstcontato->setRows(
-            contact::rows(connection, m_side, contact::query(m_side, filter()), &progress));
+    return messages::guarded(place(), messages::generalPrefix, [this] {
+        m_feed->load(contact::query(m_side, filter()));
         m_ui->lbltopo->setText(contact::heading(m_side, filter()));
     });
 }
@@ -96,13 +96,13 @@ bool frmCliente::refresh()
 QString frmCliente::selectedOrTell()
 {
     const int row = m_ui->lstcontato->selectedRowOrTell(m_side.listCaption, m_side.selectMessage);
-    return row < 0 ? QString() : m_ui->lstcontato->cell(row, 0);
+    return row < 0 ? QString() : QString::number(m_feed->key(row));
 }
 
 void frmCliente::editSelected()
 {
     if (const QString code = selectedOrTell(); !code.isEmpty())
-        frmCadCli::openEdit(m_side, code, this, file());
+        frmCadCli::openEdit(m_side, code, this, m_feed->serial());
 }
 
 void frmCliente::removeSelected()
@@ -110,8 +110,10 @@ void frmCliente::removeSelected()
     const QString code = selectedOrTell();
     if (code.isEmpty() || !messages::confirmRemoval(this))
         return;
-    if (!write(messages::generalPrefix,
-               [&](Connection &connection) { contact::remove(connection, m_side, code); }))
+    const bool removed = messages::guarded(this, messages::generalPrefix, [&] {
+        contact::remove(*openDatabase(m_feed->serial()), m_side, code);
+    });
+    if (!removed)
         refresh(); // the contact may be gone
 }
 
@@ -133,6 +135,7 @@ void frmCliente::mergeMail()
 
 Report frmCliente::report() const
 {
+    m_feed->finish();
     const bool filtered = !filter().text.isEmpty();
     return {.title = m_side.reportTitle,
             .subtitle = {},

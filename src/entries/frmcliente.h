@@ -6,6 +6,7 @@
 namespace Ui {
 class frmCliente;
 }
+class ListFeed;
 struct ExportTexts;
 struct Report;
 
@@ -37,4 +38,5 @@ private:
 
     std::unique_ptr<Ui::frmCliente> m_ui;
     const ContactSide &m_side;
+    ListFeed *m_feed;
 };

@@ -2,7 +2,7 @@
 #include "ui_frmvisualizar.h"
 
 #include "data/clock.h"
-#include "reports/exportcommands.h"
+#include "reports/listexportcommands.h"
 #include "settings/database.h"
 #include "settings/listlayout.h"
 #include "settings/settings.h"
@@ -25,7 +25,7 @@ frmVisualizar::frmVisualizar(const ViewKind &kind, ViewPeriod period, QWidget *p
     m_ui->lstdados->applyLayout(listlayout::load(kind.layout()));
     m_ui->lstdados->setEmptyText(u"Nenhum dado cadastrado neste período"_s);
     makeMenu();
-    connectExports();
+    makeExports();
     connect(m_ui->cmdsair, &QPushButton::clicked, this, &QDialog::close);
     connect(m_feed, &ListFeed::loaded, this, &frmVisualizar::showTotals);
     connect(m_feed, &ListFeed::failed, this,
@@ -49,23 +49,18 @@ frmVisualizar *frmVisualizar::open(const ViewKind &kind, ViewPeriod period, QWid
     return screen.release();
 }
 
-void frmVisualizar::connectExports()
+void frmVisualizar::makeExports()
 {
     const auto report = [this] {
+        m_feed->finish();
         return Report{.title = windowTitle(),
                       .subtitle = m_kind.heading,
                       .filterText = m_ui->lblperiodo->text(),
                       .tables = {m_ui->lstdados->tableSource()},
                       .statistics = m_ui->lbltotal->text()};
     };
-    connect(m_ui->cmdtxt, &QPushButton::clicked, this,
-            [=, this] { exportar::saveText(this, report(), exportar::reportTexts()); });
-    connect(m_ui->cmdhtml, &QPushButton::clicked, this,
-            [=, this] { exportar::saveHtml(this, report(), exportar::reportTexts()); });
-    connect(m_ui->cmdimprimir, &QPushButton::clicked, this, [=, this] {
-        const Report shown = report();
-        exportar::print(this, shown, modimpressao::listPages(m_kind.pages, *shown.tables.front()));
-    });
+    connectExports(this, {m_ui->cmdimprimir, m_ui->cmdtxt, m_ui->cmdhtml}, report, exportar::reportTexts(),
+                   m_kind.pages);
 }
 
 void frmVisualizar::makeMenu()

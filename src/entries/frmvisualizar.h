@@ -24,7 +24,7 @@ public:
 
 private:
     frmVisualizar(const ViewKind &kind, ViewPeriod period, QWidget *parent);
-    void connectExports();
+    void makeExports();
     void makeMenu();
     bool reload();
     void showTotals();

@@ -1,7 +1,7 @@
 #include "sales/frmestoque.h"
 #include "ui_frmestoque.h"
 
-#include "reports/exportcommands.h"
+#include "reports/listexportcommands.h"
 #include "sales/stocklistpane.h"
 #include "settings/database.h"
 #include "stock/frmcadproduto.h"
@@ -62,11 +62,7 @@ void frmestoque::connectControls()
         connect(command, &QAction::triggered, button, &QPushButton::click);
         m_ui->lstprodutos->addAction(command);
     }
-    connect(m_ui->cmdimprimir, &QPushButton::clicked, this, [this] { exportar::print(this, report()); });
-    connect(m_ui->cmdtxt, &QPushButton::clicked, this,
-            [this] { exportar::saveText(this, report(), exportar::reportTexts()); });
-    connect(m_ui->cmdhtml, &QPushButton::clicked, this,
-            [this] { exportar::saveHtml(this, report(), exportar::reportTexts()); });
+    connectExports(this, {m_ui->cmdimprimir, m_ui->cmdtxt, m_ui->cmdhtml}, [this] { return report(); });
     connect(m_ui->cmdfechar, &QPushButton::clicked, this, &QDialog::close);
     connect(&Changes::instance(), &Changes::changed, this, &frmestoque::dataChanged);
 }
@@ -122,6 +118,7 @@ Report frmestoque::report()
     report.title = windowTitle();
     auto *filtered = qobject_cast<StockListPane *>(m_ui->tabestoque->currentWidget());
     if (filtered) {
+        filtered->feed().finish();
         report.subtitle = filtered->kind().title;
         report.filterText = filtered->filterText();
         report.tables = {filtered->list().tableSource()};

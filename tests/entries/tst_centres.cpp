@@ -33,8 +33,8 @@ QString queried(TestProgram &program, const CentreSide &side)
                 side.entryTable, QString(name).replace(u'\'', u"''"_s)));
         while (rows.step()) {
             const bool pending = rows.text(0) == u"Pendente";
-            (pending ? line.sums.pending : line.sums.settled) += Money::stored(rows.utf8(1)).roundedToCents();
-            ++(pending ? line.sums.pendingCount : line.sums.settledCount);
+            Figures::Part &part = pending ? line.figures.pending : line.figures.settled;
+            part += {1, Money::stored(rows.utf8(1)).roundedToCents()};
         }
         lines.push_back(line);
     }
@@ -185,7 +185,7 @@ void tst_centres::profitScreen()
         "question | Remover | Tem certeza que deseja remover o centro de lucro Vendas do banco de dados?"_s);
     QCOMPARE(program.rows(u"select * from pcontareceber"_s), u"Aluguéis\n"_s);
     const Report report = centres::report(
-        profitCentres(), {{u"Vendas"_s, {1, 2, Money::fromInteger(1000), Money::fromInteger(250)}}});
+        profitCentres(), {{u"Vendas"_s, {{1, Money::fromInteger(1000)}, {2, Money::fromInteger(250)}}}});
     QCOMPARE(report.title + u'|' + report.lines.first(4).join(u'|'),
              u"Resumo de centro de lucro|Centro de lucro: Vendas|Pendentes: 1 (R$ 1.000,00)|"
              "Concluídas: 2 (R$ 250,00)|Total: 3 (R$ 1.250,00)"_s);

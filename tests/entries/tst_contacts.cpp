@@ -4,6 +4,7 @@
 #include "entries/frmcliente.h"
 #include "stock/labels.h"
 #include "support/answers.h"
+#include "support/readlist.h"
 #include "support/shop.h"
 #include "widgets/listview.h"
 #include "widgets/picturebox.h"
@@ -57,13 +58,13 @@ void add(TestProgram &program, const QString &name, const QString &city, const Q
 }
 
 /// The names of the listed clients.
-QString listed(TestProgram &program, const ContactFilter &filter)
+QString listed(const ContactFilter &filter)
 {
-    const RowStore rows =
-        contact::rows(program.database(), clients(), contact::query(clients(), filter), nullptr);
+    const KeyedList list =
+        readList(contact::columns(clients()), NoTotals(), contact::query(clients(), filter));
     QStringList lines;
-    for (int row = 0; row < rows.rowCount(); ++row)
-        lines << rows.text(row, 1);
+    for (int row = 0; row < list.rows().rowCount(); ++row)
+        lines << cellOf(list, row, 1);
     return lines.join(u", "_s);
 }
 
@@ -175,7 +176,7 @@ void tst_contacts::sortingAndFiltering()
         "data de nascimento|10/12/19|| -> Zélia ; data de nascimento|10/12/2|| -> "_s,
         [&program](const QString &choices) {
             const QStringList words = choices.split(u'|');
-            return listed(program, {words[0], words[1], words[2], words[3]});
+            return listed({words[0], words[1], words[2], words[3]});
         });
 }
 

@@ -138,8 +138,8 @@ void tst_entries::settledPayableOfANamedMonth()
         "('Concluído', '2026/10/30', '14/11/2026', 'a'), ('Pendente', '2025/10/30', '2026/11/20', 'b'), "
         "('Pendente', '2026/01/02', '2026/11/20', 'c')"_s);
     const EntryFilter month{u"Data vencimento"_s, {}, {}, {}, {}, u"apenas deste mês"_s};
-    const KeyedList list = readList(entrylist::columns(payable()), EntryTotals(),
-                                    entryfilter::query(payable(), month, today));
+    const KeyedList list =
+        readList(entrylist::columns(payable()), EntryTotals(), entryfilter::query(payable(), month, today));
     QCOMPARE(list.rows().rowCount(), 2);
     QCOMPARE(cellOf(list, 0, 2) + cellOf(list, 0, 5) + cellOf(list, 1, 2) + cellOf(list, 1, 5),
              u"a14/11/2026c20/11/2026"_s);
@@ -382,9 +382,10 @@ void tst_entries::listAndTotals()
     form.quantity = u"2,5"_s;
     entry::save(program.database(), receivable(), form, {});
     const KeyedList list = readList(entrylist::columns(receivable()), EntryTotals(), all);
-    QCOMPARE(static_cast<const EntryTotals &>(list.totals()).text(receivable()), u"2 cadastrados  -  Total de lucros: R$ 2.469,00  -  Total "
-                                             u"recebido: R$ 1.234,50  -  Total pendente: R$ "
-                                             "1.234,50 - Quantidade de produtos (vendas): 7,5"_s);
+    QCOMPARE(static_cast<const EntryTotals &>(list.totals()).text(receivable()),
+             u"2 cadastrados  -  Total de lucros: R$ 2.469,00  -  Total "
+             u"recebido: R$ 1.234,50  -  Total pendente: R$ "
+             "1.234,50 - Quantidade de produtos (vendas): 7,5"_s);
     QCOMPARE(linesOf(list, u"|"_s).section(u'\n', 1, 1),
              u"2|14/11/2026|Aluguel|NF 7 |Ana|10/12/2026|€ 1.234,50|3,00|Café|2,5|Concluído|Caixa| "_s);
 }
