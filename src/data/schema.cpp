@@ -1,6 +1,7 @@
 #include "data/schema.h"
 
 #include "data/connection.h"
+#include "data/dialect_dates.h"
 
 #include <QFile>
 
@@ -104,7 +105,7 @@ struct Index
 /// column itself must be there as well for an index to be enough.
 std::vector<Index> indexes()
 {
-    const auto date = [](QStringView column) { return dialect::dateExpression(column.toString()); };
+    const auto date = [](QStringView column) { return dialect::dateExpression(column); };
     std::vector<Index> all;
     for (const auto &[table, contact] :
          {std::pair(u"pagar"_s, u"fornecedor"_s), {u"receber"_s, u"cliente"_s}}) {
