@@ -96,6 +96,8 @@ private Q_SLOTS:
     void createdOnlyOnce();
     void secondWriterWaitsAndSaysSo();
     void transactionIsAllOrNothing();
+    void commitsReachTheDisk();
+    void othersCommitsAreNoticed();
     void fullDisk();
     void sharedConnectionFollowsTheFile();
     void pathComesFromTheSetting();
@@ -453,6 +455,34 @@ void TestConnection::transactionIsAllOrNothing()
         QVERIFY(!database.inTransaction());
     }
     QCOMPARE(program.rows(u"select banco from banco"_s), u"B\n"_s);
+}
+
+/// A rollback journal, for network folders, and a flush before a commit counts as done.
+void TestConnection::commitsReachTheDisk()
+{
+    TestProgram program;
+    program.run(u"insert into banco values ('A', '0,00', ' ')"_s);
+    for (const auto &[pragma, expected] :
+         {std::pair("PRAGMA journal_mode", u"delete"_s), {"PRAGMA synchronous", u"2"_s}}) {
+        Statement value = program.database().prepareNative(pragma);
+        QVERIFY(value.step());
+        QCOMPARE(value.text(0), expected);
+    }
+}
+
+void TestConnection::othersCommitsAreNoticed()
+{
+    TestProgram program;
+    Connection &database = program.database();
+    const auto other = Connection::open(program.databaseFile(), password());
+    const quint64 before = database.dataVersion();
+    program.run(u"insert into banco values ('A', '0,00', ' ')"_s);
+    QCOMPARE(database.dataVersion(), before);
+    other->execute(u"insert into banco values ('B', '0,00', ' ')"_s);
+    const quint64 after = database.dataVersion();
+    QVERIFY(after != before);
+    QCOMPARE(database.dataVersion(), after);
+    QCOMPARE(program.rows(u"select banco from banco"_s), u"A\nB\n"_s);
 }
 
 void TestConnection::fullDisk()
