@@ -307,6 +307,7 @@ Connection::Connection(QString path) : m_path(std::move(path))
 
 Connection::~Connection()
 {
+    m_dataVersion.reset();
     sqlite3_close_v2(m_database); // a statement that is still alive keeps the file until it ends
 }
 
@@ -430,9 +431,12 @@ void Connection::executeNative(const QByteArray &sql)
 
 quint64 Connection::dataVersion()
 {
-    Statement version = prepareNative("PRAGMA data_version");
-    version.step();
-    return quint64(version.integer(0));
+    if (!m_dataVersion)
+        m_dataVersion = prepareNative("PRAGMA data_version");
+    m_dataVersion->step();
+    const quint64 version = quint64(m_dataVersion->integer(0));
+    m_dataVersion->reset(); // an open read would keep others from committing
+    return version;
 }
 
 bool Connection::inTransaction() const

@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 #include <string_view>
 
 struct sqlite3;
@@ -79,7 +80,8 @@ public:
     /// Runs any number of statements of the store's own dialect.
     void executeNative(const QByteArray &sql);
 
-    /// Another number whenever another connection or process has committed a change.
+    /// Another number whenever another connection or process has committed a change; what this one commits
+    /// makes no difference. Waits, like every read, while another process commits.
     quint64 dataVersion();
     bool inTransaction() const;
     qint64 lastInsertedRow() const;
@@ -101,6 +103,7 @@ private:
     QByteArray m_salt;             ///< of the file: another one is another database, also under the same name
     mutable qint64 m_modified = 0; ///< nanoseconds, when the salt was last looked at
     mutable qint64 m_size = 0;
+    std::optional<Statement> m_dataVersion; ///< prepared once: it is asked for before every look at the data
 };
 
 /// Takes the write lock at once and rolls back unless commit() was reached. What was noted is announced after

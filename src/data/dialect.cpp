@@ -1,10 +1,10 @@
 #include "data/dialect.h"
 
+#include "data/dialect_dates.h"
 #include "data/dialect_tokens.h"
 #include "data/error.h"
 #include "data/like.h"
 
-#include <QRegularExpression>
 #include <QStringList>
 
 #include <algorithm>
@@ -37,12 +37,7 @@ bool isAmountColumn(QStringView name)
     return isOneOf(name, {u"valor", u"saldo", u"custo", u"qtde"});
 }
 
-bool isDateColumn(QStringView name)
-{
-    return isOneOf(name, {u"data", u"vencimento", u"nascimento"});
-}
-
-/// Columns whose stored order is the order wanted.
+/// Columns whose order in the store is the order wanted.
 bool isOrderedAsStored(QStringView name)
 {
     return isKeyColumn(name) || isOneOf(name, {u"hora", u"index"});
@@ -96,47 +91,6 @@ std::optional<QString> indexedCondition(const QString &column, bool isKey, const
     return (negated ? u"NOT IN ("_s : u"IN ("_s) + texts.join(u", ") + u')';
 }
 
-/// A comparison of the date that a column means.
-struct DateCondition
-{
-    QString operand, condition;
-};
-
-/// "2026/11/23" for a date in either stored form; empty for any other text.
-QString dateIn(const QString &text)
-{
-    static const QRegularExpression yearFirst(uR"(^\d{4}/[01]\d/[0-3]\d$)"_s);
-    static const QRegularExpression dayFirst(uR"(^([0-3]\d)/([01]\d)/(\d{4})$)"_s);
-    if (yearFirst.match(text).hasMatch())
-        return text;
-    const QRegularExpressionMatch match = dayFirst.match(text);
-    return match.hasMatch() ? match.captured(3) + u'/' + match.captured(2) + u'/' + match.captured(1)
-                            : QString();
-}
-
-/// `column like 'pattern'` for a date column; nothing for a pattern that is not made of a date's characters.
-std::optional<DateCondition> dateCondition(const QString &column, const QString &pattern, bool negated)
-{
-    static const QRegularExpression ofDate(uR"(^[\d/%_]+$)"_s);
-    static const QRegularExpression yearOrMonth(uR"(^%?(\d{4}/(\d\d/)?)%$)"_s);
-    static const QRegularExpression anyYearsMonth(uR"(^%/(\d\d)/%$)"_s);
-    if (LikePattern(pattern).matchesEverything() || !ofDate.match(pattern).hasMatch())
-        return std::nullopt;
-    const QString expression = dateExpression(column);
-    const QString not_ = negated ? u"NOT "_s : QString();
-    if (const QString date = dateIn(pattern); !date.isEmpty())
-        return DateCondition{expression, (negated ? u"<> "_s : u"= "_s) + quoted(date)};
-    if (const auto match = yearOrMonth.match(pattern); match.hasMatch()) {
-        const QString first = match.captured(1);
-        return DateCondition{expression,
-                             not_ + u"BETWEEN "_s + quoted(first) + u" AND "_s + quoted(first + u"99/99"_s)};
-    }
-    if (const auto match = anyYearsMonth.match(pattern); match.hasMatch())
-        return DateCondition{u"substr("_s + expression + u", 6, 2)"_s,
-                             (negated ? u"<> "_s : u"= "_s) + quoted(match.captured(1))};
-    return DateCondition{expression, not_ + u"LIKE "_s + quoted(pattern)};
-}
-
 /// The different values of an indexed column, one step of the index each, however many rows have them.
 QString steppedValues(const QString &table, const QString &column)
 {
@@ -144,6 +98,14 @@ QString steppedValues(const QString &table, const QString &column)
            "SELECT (SELECT min(%2) FROM %1 WHERE %2 > step.%2) FROM step WHERE step.%2 IS NOT NULL) "
            "SELECT %2 FROM step WHERE %2 IS NOT NULL "
            "UNION ALL SELECT NULL WHERE EXISTS (SELECT 1 FROM %1 WHERE %2 IS NULL)"_s.arg(table, column);
+}
+
+QStringList texts(const std::vector<OrderTerm> &terms)
+{
+    QStringList result;
+    for (const OrderTerm &term : terms)
+        result << term.text();
+    return result;
 }
 
 class Translator
@@ -165,26 +127,21 @@ public:
             m_tokens.erase(m_tokens.begin() + 1);
         if (m_tokens.front().is(u"update"))
             keepFourDecimals();
-        return {join(0, m_tokens.size()), {}, {}, false};
+        return {.sql = join(0, m_tokens.size())};
     }
 
 private:
     struct Column
     {
-        QString text; ///< as written, with its table if that is named
-        QString name; ///< folded
+        QString text;      ///< as written, with its table if that is named
+        QString name;      ///< folded
+        std::size_t begin; ///< its first token, with the parentheses around it
     };
 
-    struct Operand
-    {
-        Column column;
-        std::size_t begin, end; ///< its tokens
-    };
-
-    struct Pattern
+    struct Literal
     {
         QString text;
-        std::size_t end;
+        std::size_t end; ///< behind its last token, with the parentheses around it
     };
 
     /// Where the parts of a SELECT begin; each ends where the next begins.
@@ -216,7 +173,7 @@ private:
             end - begin == 3 && m_tokens[begin].isName() && m_tokens[begin + 1].isSymbol(u'.');
         if ((end - begin != 1 && !qualified) || !m_tokens[end - 1].isName())
             return std::nullopt;
-        return Column{join(begin, end).trimmed(), m_tokens[end - 1].value};
+        return Column{join(begin, end).trimmed(), m_tokens[end - 1].value, begin};
     }
 
     /// The parts of a list between commas outside inner parentheses.
@@ -232,13 +189,19 @@ private:
         return parts;
     }
 
+    /// One piece of the finished statement in the place of the tokens from `begin` to `end`.
+    void replace(std::size_t begin, std::size_t end, const QString &text)
+    {
+        const bool opens = begin > 0 && m_tokens[begin - 1].isSymbol(u'(');
+        m_tokens[begin] = {Token::Kind::Symbol, opens ? QString() : u" "_s, text, {}, m_tokens[begin].depth};
+        m_tokens.erase(m_tokens.begin() + qsizetype(begin) + 1, m_tokens.begin() + qsizetype(end));
+    }
+
     void rewriteLikes();
-    std::optional<Operand> likeOperand(std::size_t end) const;
     void rewriteDateComparisons();
-    bool rewriteBetween(std::size_t column);
-    void rewriteComparison(std::size_t column);
-    void replace(std::size_t begin, std::size_t end, const QString &text);
-    std::optional<Pattern> likePattern(std::size_t begin) const;
+    std::optional<std::size_t> rewriteDateComparison(std::size_t at);
+    std::optional<Column> leftOperand(std::size_t end) const;
+    std::optional<Literal> rightOperand(std::size_t begin) const;
     void keepFourDecimals();
 
     Clauses clauses() const;
@@ -247,7 +210,7 @@ private:
     Translation select(RowKey rowKey, RowOrder rowOrder) const;
     OrderTerm orderTerm(std::size_t begin, std::size_t end, bool compound) const;
     std::vector<OrderTerm> orderTerms(const Clauses &at) const;
-    QStringList orderTexts(const Clauses &at) const;
+    QString condition(const Clauses &at) const;
     QString distinctRows(const Clauses &at) const;
     QString distinctValues(const Clauses &at, const Column &column) const;
 
@@ -261,29 +224,71 @@ void Translator::rewriteLikes()
             continue;
         const bool negated = m_tokens[i - 1].is(u"not");
         const std::size_t begin = negated ? i - 1 : i;
-        const std::optional<Operand> operand = likeOperand(begin);
-        const std::optional<Pattern> pattern = likePattern(i + 1);
+        const std::optional<Column> operand = leftOperand(begin);
+        const std::optional<Literal> pattern = rightOperand(i + 1);
         if (!operand || !pattern)
             continue;
-        const auto &[text, name] = operand->column;
-        std::optional<QString> condition;
-        if (const auto ofDate =
-                isDateColumn(name) ? dateCondition(text, pattern->text, negated) : std::nullopt) {
-            replace(operand->begin, operand->end, ofDate->operand);
-            condition = ofDate->condition;
-        } else {
-            condition = indexedCondition(text, isKeyColumn(name), pattern->text, negated);
+        if (isDateColumn(operand->name)) {
+            if (const std::optional<QString> date = dateLike(operand->text, pattern->text, negated)) {
+                replace(operand->begin, pattern->end, *date);
+                i = operand->begin;
+                continue;
+            }
         }
+        const std::optional<QString> condition =
+            indexedCondition(operand->text, isKeyColumn(operand->name), pattern->text, negated);
         if (!condition)
             continue;
-        m_tokens[begin] = {Token::Kind::Symbol, u" "_s, *condition, {}, m_tokens[i].depth};
-        m_tokens.erase(m_tokens.begin() + qsizetype(begin) + 1, m_tokens.begin() + qsizetype(pattern->end));
+        replace(begin, pattern->end, *condition);
         i = begin;
     }
 }
 
+/// What an UPDATE assigns looks like a comparison and is none.
+void Translator::rewriteDateComparisons()
+{
+    const std::size_t end = m_tokens.size();
+    for (std::size_t i = m_tokens.front().is(u"update") ? find({u"where"}, 0, end) : 1; i < m_tokens.size();
+         ++i)
+        i = rewriteDateComparison(i).value_or(i);
+}
+
+/// Rewrites the comparison whose operator begins at `at`, of a date column with a date; says where it then
+/// is.
+std::optional<std::size_t> Translator::rewriteDateComparison(std::size_t at)
+{
+    const bool range = m_tokens[at].is(u"between");
+    if (!range && !(m_tokens[at].kind == Token::Kind::Symbol && u"<>=!"_s.contains(m_tokens[at].text)))
+        return std::nullopt;
+    const bool negated = range && m_tokens[at - 1].is(u"not");
+    const bool twoSigns = !range && at + 1 < m_tokens.size() &&
+                          (m_tokens[at + 1].isSymbol(u'=') || m_tokens[at + 1].isSymbol(u'>'));
+    const std::optional<Column> operand = leftOperand(negated ? at - 1 : at);
+    const std::optional<Literal> first = rightOperand(at + (twoSigns ? 2 : 1));
+    if (!operand || !isDateColumn(operand->name) || !first)
+        return std::nullopt;
+    const std::optional<QString> firstDate = dateOperand(first->text);
+    if (!firstDate)
+        return std::nullopt;
+    const QString date = dateExpression(operand->text);
+    if (!range) {
+        const QString sign = m_tokens[at].text + (twoSigns ? m_tokens[at + 1].text : QString());
+        replace(operand->begin, first->end, date + u' ' + sign + u' ' + quoted(*firstDate));
+        return operand->begin;
+    }
+    const bool continued = first->end < m_tokens.size() && m_tokens[first->end].is(u"and");
+    const std::optional<Literal> second = continued ? rightOperand(first->end + 1) : std::nullopt;
+    const std::optional<QString> secondDate = second ? dateOperand(second->text) : std::nullopt;
+    if (!secondDate)
+        return std::nullopt;
+    replace(operand->begin, second->end,
+            date + (negated ? u" NOT BETWEEN "_s : u" BETWEEN "_s) + quoted(*firstDate) + u" AND "_s +
+                quoted(*secondDate));
+    return operand->begin;
+}
+
 /// The column, in parentheses or not, that stands before `end` and is the whole left side of the comparison.
-std::optional<Translator::Operand> Translator::likeOperand(std::size_t end) const
+std::optional<Translator::Column> Translator::leftOperand(std::size_t end) const
 {
     int parentheses = 0;
     for (; end > 0 && m_tokens[end - 1].isSymbol(u')'); --end)
@@ -291,23 +296,23 @@ std::optional<Translator::Operand> Translator::likeOperand(std::size_t end) cons
     if (end == 0)
         return std::nullopt;
     std::size_t begin = end > 2 && m_tokens[end - 2].isSymbol(u'.') ? end - 3 : end - 1;
-    const std::optional<Column> found = column(begin, end);
-    const Operand operand{found.value_or(Column()), begin, end};
+    std::optional<Column> found = column(begin, end);
     for (; parentheses > 0; --parentheses, --begin) {
         if (begin == 0 || !m_tokens[begin - 1].isSymbol(u'('))
             return std::nullopt;
     }
     if (!found || begin == 0)
         return std::nullopt;
+    found->begin = begin;
     const Token &before = m_tokens[begin - 1];
     const bool whole =
         before.isSymbol(u'(') || before.isSymbol(u',') ||
         isOneOf(before, {u"where", u"and", u"or", u"not", u"on", u"having", u"when", u"select"});
-    return whole ? std::optional(operand) : std::nullopt;
+    return whole ? found : std::nullopt;
 }
 
 /// The literal, in parentheses or not, that begins at `begin` and is the whole right side of the comparison.
-std::optional<Translator::Pattern> Translator::likePattern(std::size_t begin) const
+std::optional<Translator::Literal> Translator::rightOperand(std::size_t begin) const
 {
     std::size_t at = begin;
     while (at < m_tokens.size() && m_tokens[at].isSymbol(u'('))
@@ -315,72 +320,21 @@ std::optional<Translator::Pattern> Translator::likePattern(std::size_t begin) co
     if (at == m_tokens.size() ||
         (m_tokens[at].kind != Token::Kind::Text && m_tokens[at].kind != Token::Kind::Number))
         return std::nullopt;
-    Pattern pattern{m_tokens[at].value, 0};
+    Literal literal{m_tokens[at].value, 0};
     const std::size_t parentheses = at - begin;
     ++at;
     for (std::size_t i = 0; i < parentheses; ++i, ++at) {
         if (at == m_tokens.size() || !m_tokens[at].isSymbol(u')'))
             return std::nullopt;
     }
-    pattern.end = at;
+    literal.end = at;
     if (at == m_tokens.size())
-        return pattern;
+        return literal;
     const Token &after = m_tokens[at];
     const bool whole =
         after.isSymbol(u')') || after.isSymbol(u',') ||
         isOneOf(after, {u"and", u"or", u"order", u"group", u"having", u"limit", u"union", u"then"});
-    return whole ? std::optional(pattern) : std::nullopt;
-}
-
-/// Lets the first of some tokens say it all.
-void Translator::replace(std::size_t begin, std::size_t end, const QString &text)
-{
-    m_tokens[begin].text = text;
-    for (std::size_t i = begin + 1; i < end; ++i)
-        m_tokens[i].text.clear();
-}
-
-/// What an UPDATE sets stays as it is; conditions compare dates.
-void Translator::rewriteDateComparisons()
-{
-    const auto isWhere = [](const Token &token) { return token.is(u"where"); };
-    const auto where = std::find_if(m_tokens.begin(), m_tokens.end(), isWhere);
-    for (std::size_t i = std::size_t(where - m_tokens.begin()); i + 2 < m_tokens.size(); ++i) {
-        const Token &token = m_tokens[i];
-        if (token.isName() && isDateColumn(token.value) && token.text.size() <= token.value.size() + 2 &&
-            !m_tokens[i - 1].isSymbol(u'.') && !rewriteBetween(i))
-            rewriteComparison(i);
-    }
-}
-
-bool Translator::rewriteBetween(std::size_t column)
-{
-    std::size_t at = column + 1;
-    if (m_tokens[at].is(u"not"))
-        ++at;
-    if (at + 3 >= m_tokens.size() || !m_tokens[at].is(u"between") || !m_tokens[at + 2].is(u"and"))
-        return false;
-    const QString first = dateIn(m_tokens[at + 1].value), last = dateIn(m_tokens[at + 3].value);
-    if (first.isEmpty() || last.isEmpty())
-        return true;
-    m_tokens[column].text = dateExpression(m_tokens[column].text);
-    m_tokens[at + 1].text = quoted(first);
-    m_tokens[at + 3].text = quoted(last);
-    return true;
-}
-
-void Translator::rewriteComparison(std::size_t column)
-{
-    std::size_t at = column + 1;
-    while (at < m_tokens.size() && m_tokens[at].kind == Token::Kind::Symbol &&
-           u"<>=!"_s.contains(m_tokens[at].text))
-        ++at;
-    if (at == column + 1 || at == m_tokens.size() || m_tokens[at].kind != Token::Kind::Text)
-        return;
-    if (const QString date = dateIn(m_tokens[at].value); !date.isEmpty()) {
-        m_tokens[column].text = dateExpression(m_tokens[column].text);
-        m_tokens[at].text = quoted(date);
-    }
+    return whole ? std::optional(literal) : std::nullopt;
 }
 
 /// `SET a = a + 0.1` adds binary fractions; rounding what comes out keeps the decimal number exact.
@@ -442,22 +396,22 @@ bool Translator::aggregates(const Clauses &at) const
 
 OrderTerm Translator::orderTerm(std::size_t begin, std::size_t end, bool compound) const
 {
+    using Kind = OrderTerm::Kind;
     const bool directed = end > begin && isOneOf(m_tokens[end - 1], {u"asc", u"desc"});
     const bool descending = directed && m_tokens[end - 1].is(u"desc");
     const std::size_t nameEnd = directed ? end - 1 : end;
     const std::optional<Column> term = column(begin, nameEnd);
-    const QString text = join(begin, nameEnd).trimmed();
     if (!term || isOrderedAsStored(term->name))
-        return {text, descending, OrderTerm::Kind::Plain};
-    const bool isDate = isDateColumn(term->name);
-    if (compound && (isDate || isAmountColumn(term->name))) // the store takes no expression there
-        return {text, descending, OrderTerm::Kind::Plain};
-    if (isDate)
-        return {dateExpression(text), descending, OrderTerm::Kind::Date};
-    if (isAmountColumn(term->name))
-        return {u"%1(%2)"_s.arg(QLatin1StringView(amountFunction), text), descending,
-                OrderTerm::Kind::Amount};
-    return {u"%1 COLLATE %2"_s.arg(text, QLatin1StringView(nameOrder)), descending, OrderTerm::Kind::Name};
+        return {join(begin, nameEnd).trimmed(), descending, Kind::Plain};
+    const bool date = isDateColumn(term->name);
+    const bool amount = isAmountColumn(term->name);
+    if (compound && (date || amount)) // the store takes no expression there
+        return {term->text, descending, Kind::Plain};
+    if (date)
+        return {dateExpression(term->text), descending, Kind::Date};
+    if (amount)
+        return {u"%1(%2)"_s.arg(QLatin1StringView(amountFunction), term->text), descending, Kind::Amount};
+    return {u"%1 COLLATE %2"_s.arg(term->text, QLatin1StringView(nameOrder)), descending, Kind::Name};
 }
 
 std::vector<OrderTerm> Translator::orderTerms(const Clauses &at) const
@@ -470,12 +424,10 @@ std::vector<OrderTerm> Translator::orderTerms(const Clauses &at) const
     return terms;
 }
 
-QStringList Translator::orderTexts(const Clauses &at) const
+QString Translator::condition(const Clauses &at) const
 {
-    QStringList texts;
-    for (const OrderTerm &term : orderTerms(at))
-        texts << (term.descending ? term.expression + u" DESC"_s : term.expression);
-    return texts;
+    const std::size_t where = find({u"where"}, at.from, at.group);
+    return where < at.group ? join(where + 1, at.group).trimmed() : QString();
 }
 
 Translation Translator::select(RowKey rowKey, RowOrder rowOrder) const
@@ -487,10 +439,11 @@ Translation Translator::select(RowKey rowKey, RowOrder rowOrder) const
     if (!table.isEmpty() && at.distinct && !grouped) {
         const QString rows = distinctRows(at);
         if (!rows.isEmpty())
-            return {rows, counted(rows), {}, true};
+            return {.sql = rows, .countSql = counted(rows), .isSelect = true};
     }
 
-    QStringList terms = orderTexts(at);
+    std::vector<OrderTerm> order = orderTerms(at);
+    QStringList terms = texts(order);
     const bool plainRows = !table.isEmpty() && !at.distinct && !grouped;
     if (plainRows && rowOrder == RowOrder::Insertion)
         terms << u"rowid"_s;
@@ -502,9 +455,15 @@ Translation Translator::select(RowKey rowKey, RowOrder rowOrder) const
         sql += u" ORDER BY "_s + terms.join(u", ");
     sql += join(at.limit, at.end);
     const bool countable = plainRows && at.limit == at.end;
-    const std::size_t where = find({u"where"}, at.from, at.group);
-    return {sql,  countable ? u"SELECT count(*)"_s + body : counted(sql),   wholeRows ? table : QString(),
-            true, where < at.group ? join(where + 1, at.group) : QString(), orderTerms(at)};
+    Translation translation{.sql = sql,
+                            .countSql = countable ? u"SELECT count(*)"_s + body : counted(sql),
+                            .table = wholeRows ? table : QString(),
+                            .isSelect = true};
+    if (plainRows) {
+        translation.where = condition(at);
+        translation.orderTerms = std::move(order);
+    }
+    return translation;
 }
 
 /// DISTINCT over plain columns of one table; empty when the statement is of another form. Values that differ
@@ -522,7 +481,7 @@ QString Translator::distinctRows(const Clauses &at) const
     }
     if (columns.size() == 1)
         return distinctValues(at, columns.front());
-    const QStringList terms = orderTexts(at) << u"min(rowid)"_s;
+    const QStringList terms = texts(orderTerms(at)) << u"min(rowid)"_s;
     return u"SELECT"_s + join(at.list, at.order) + u" GROUP BY "_s + names.join(u", ") + u" ORDER BY "_s +
            terms.join(u", ") + join(at.limit, at.end);
 }
@@ -548,18 +507,11 @@ QString Translator::distinctValues(const Clauses &at, const Column &column) cons
     }
     const QString values = steps ? steppedValues(table, name) : u"SELECT DISTINCT "_s + column.text + source;
     return u"SELECT %1 FROM (%2) GROUP BY %3 ORDER BY %4"_s.arg(name, values, folded,
-                                                                orderTexts(at).join(u", ")) +
+                                                                texts(orderTerms(at)).join(u", ")) +
            limit;
 }
 
 } // namespace
-
-QString dateExpression(const QString &column)
-{
-    return u"CASE WHEN %1 GLOB '[0-9][0-9][0-9][0-9]/[01][0-9]/[0-3][0-9]' THEN %1 "
-           "WHEN %1 GLOB '[0-3][0-9]/[01][0-9]/[0-9][0-9][0-9][0-9]' "
-           "THEN substr(%1, 7) || substr(%1, 3, 4) || substr(%1, 1, 2) END"_s.arg(column);
-}
 
 Translation translate(QStringView sql, RowKey rowKey, RowOrder rowOrder)
 {

@@ -12,10 +12,9 @@
 /// case;
 ///   with wildcards it is LikePattern's comparison; against "%%" it asks for any value. `código` is matched
 ///   by its text: '12' finds 12, '0012' finds nothing.
-/// - The date columns (data, vencimento, nascimento) hold dates in two forms, "yyyy/mm/dd" and "dd/mm/yyyy".
-///   ORDER BY goes by the date meant; so do `like` with a date or with a pattern of digits, "/" and
-///   wildcards, BETWEEN, and comparisons with a date. Texts that are no date come first and are like "%%"
-///   only.
+/// - A date column (dialect_dates.h) goes by the date that its text means: in ORDER BY, in BETWEEN, in a
+///   comparison of the column with a literal, and in a `like` against digits, slashes and wildcards. A `like`
+///   against any other pattern asks for the text.
 /// - ORDER BY and DISTINCT on names ignore case and follow Portuguese order; on amounts the order is numeric.
 /// - Rows come in insertion order where no ORDER BY is given, and ties keep it.
 /// - `SET qtde=qtde + n` keeps four exact decimals.
@@ -37,22 +36,23 @@ struct OrderTerm
     QString expression;
     bool descending = false;
     Kind kind = Kind::Plain;
+
+    QString text() const { return descending ? expression + QStringLiteral(" DESC") : expression; }
 };
 
 struct Translation
 {
-    QString sql;
+    QString sql = {};
     /// Yields the number of rows that `sql` yields; empty for other statements than SELECT.
-    QString countSql;
+    QString countSql = {};
     /// The one table that a `SELECT *` reads and whose rows can be changed; empty for other statements.
-    QString table;
+    QString table = {};
     bool isSelect = false;
-    QString where = {};                     ///< of a SELECT: the condition alone; empty for all rows
-    std::vector<OrderTerm> orderTerms = {}; ///< of its ORDER BY, without what keeps ties in insertion order
+    /// Of a SELECT on one table: the condition alone, empty for all rows, and its ORDER BY without what keeps
+    /// ties in insertion order.
+    QString where = {};
+    std::vector<OrderTerm> orderTerms = {};
 };
-
-/// The date that a column means, as "yyyy/mm/dd", or null: built-in functions only, for indexes use it too.
-QString dateExpression(const QString &column);
 
 /// Whether a `SELECT *` on one table yields the store's row number as one more, last column.
 enum class RowKey { Omitted, Appended };

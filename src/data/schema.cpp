@@ -1,6 +1,7 @@
 #include "data/schema.h"
 
 #include "data/connection.h"
+#include "data/dialect_dates.h"
 
 #include <QFile>
 
@@ -104,7 +105,7 @@ struct Index
 /// column itself must be there as well for an index to be enough.
 std::vector<Index> indexes()
 {
-    const auto date = [](QStringView column) { return dialect::dateExpression(column.toString()); };
+    const auto date = [](QStringView column) { return dialect::dateExpression(column); };
     std::vector<Index> all;
     for (const auto &[table, contact] :
          {std::pair(u"pagar"_s, u"fornecedor"_s), {u"receber"_s, u"cliente"_s}}) {
@@ -198,24 +199,24 @@ bool isComplete(Connection &connection)
 
 bool upgrade(Connection &connection)
 {
-    const QStringList existing = indexNames(connection);
-    const std::vector<Index> wanted = indexes();
-    const auto has = [&existing](const QString &name) { return existing.contains(name); };
-    if (std::ranges::all_of(wanted, has, &Index::name) && std::ranges::none_of(formerIndexes, has))
-        return true;
+    bool done = true;
     try {
+        const QStringList existing = indexNames(connection);
+        const std::vector<Index> wanted = indexes();
+        const auto has = [&existing](const QString &name) { return existing.contains(name); };
+        if (std::ranges::all_of(wanted, has, &Index::name) && std::ranges::none_of(formerIndexes, has))
+            return true;
         connection.setBusyTimeout(0);
         Transaction transaction(connection);
         for (const QString &name : formerIndexes)
-            connection.executeNative(u"DROP INDEX IF EXISTS "_s.toUtf8() + name.toUtf8());
+            connection.executeNative("DROP INDEX IF EXISTS " + name.toUtf8());
         createIndexes(connection, existing);
         transaction.commit();
-        connection.setDefaultBusyTimeout();
-        return true;
     } catch (const Error &) {
-        connection.setDefaultBusyTimeout();
-        return false;
+        done = false;
     }
+    connection.setDefaultBusyTimeout();
+    return done;
 }
 
 } // namespace schema

@@ -83,18 +83,15 @@ ListLayout load(const ListLayoutFile &file)
 
 void save(const ListLayoutFile &file, const ListLayout &layout)
 {
+    const ListLayout stored = load(file);
+    if (stored.widths == layout.widths && stored.positions == layout.positions)
+        return;
     IniFile ini(programfolder::file(file.fileName));
-    bool differs = false;
-    const auto set = [&](const QString &section, const QString &key, const QString &value) {
-        differs |= ini.value(section, key, {}) != value;
-        ini.setValue(section, key, value);
-    };
     for (std::size_t i = 0; i < file.columns.size(); ++i)
-        set(widthSection(), file.columns[i].key, widthText(layout.widths.at(i)));
+        ini.setValue(widthSection(), file.columns[i].key, widthText(layout.widths.at(i)));
     for (std::size_t i = 0; i < file.columns.size(); ++i)
-        set(positionSection(), positionKey(i), QString::number(layout.positions.at(i)));
-    if (differs)
-        ini.save(IniFile::Readers::Everyone);
+        ini.setValue(positionSection(), positionKey(i), QString::number(layout.positions.at(i)));
+    ini.save(IniFile::Readers::Everyone);
 }
 
 void saveAll(const std::vector<std::pair<ListLayoutFile, ListLayout>> &layouts)

@@ -26,7 +26,7 @@ namespace listlayout {
 
 /// Unreadable or missing values give the defaults; positions that are no permutation give the column order.
 ListLayout load(const ListLayoutFile &file);
-/// Writes nothing when the file says the same already. Throws Error::Kind::File.
+/// Writes nothing when load() gives the same already. Throws Error::Kind::File.
 void save(const ListLayoutFile &file, const ListLayout &layout);
 /// Saves every one that can be saved, and then throws the first error there was.
 void saveAll(const std::vector<std::pair<ListLayoutFile, ListLayout>> &layouts);

@@ -84,7 +84,9 @@ class TestConnection : public QObject
 
 private Q_SLOTS:
     void queries();
+    void aDateIsFoundInBothStoredForms();
     void planUsesIndexes();
+    void anOlderFileGainsTheIndexes();
     void changes();
     void stockKeepsExactDecimals();
     void refusedStatementsChangeNothing();
@@ -94,6 +96,8 @@ private Q_SLOTS:
     void createdOnlyOnce();
     void secondWriterWaitsAndSaysSo();
     void transactionIsAllOrNothing();
+    void commitsReachTheDisk();
+    void othersCommitsAreNoticed();
     void fullDisk();
     void sharedConnectionFollowsTheFile();
     void pathComesFromTheSetting();
@@ -123,36 +127,143 @@ void TestConnection::queries()
                  answer);
 }
 
+/// Settling stores the due date day first.
+void TestConnection::aDateIsFoundInBothStoredForms()
+{
+    TestProgram program;
+    const QStringList dates{u"2026/11/02"_s, u"01/12/2026"_s, u" "_s,          u"2025/12/31"_s,
+                            u"03/11/2026"_s, u"2026/11/30"_s, u"20/11/2025"_s, u"2026-11-05"_s,
+                            u"11/2026"_s,    u"02/11/2026"_s};
+    for (const QString &date : dates)
+        program.run(u"insert into pagar (data, vencimento) values ('2026/01/01', '%1')"_s.arg(date));
+    program.run(u"insert into pagar (data) values ('2026/01/01')"_s);
+    const auto answer = [&](const QString &clause) {
+        return program.rows(u"select código from pagar "_s + clause).trimmed().replace(u'\n', u',');
+    };
+    checkAnswers(
+        u"order by vencimento -> 3,8,9,11,7,4,1,10,5,6,2\n"
+        "order by [Vencimento] desc -> 2,6,5,1,10,4,7,3,8,9,11\n"
+        "where vencimento like '2026/11/02' -> 1,10 ; where ([vencimento]) like('02/11/2026') -> 1,10\n"
+        "where(vencimento like '%2026/%') -> 1,2,5,6,10 ; where(vencimento like '%2025%') -> 4,7\n"
+        "where(vencimento like '%/11/%' AND data like '%2026/%') -> 1,5,6,7,10\n"
+        "where (vencimento like '%2026/11/%') -> 1,5,6,10 ; where vencimento like '2026/12%' -> 2\n"
+        "where vencimento like '%202_/1%/3%' -> 4,6 ; where vencimento not like '%2026/1%' -> 4,7\n"
+        "where vencimento BETWEEN '2026/11/02' AND '2026/11/30' -> 1,5,6,10\n"
+        "where vencimento NOT between ('03/11/2026') and ('2026/11/30') -> 1,2,4,7,10\n"
+        "where vencimento > '2026/11/30' -> 2 ; where vencimento<='2025/12' -> 7\n"
+        "where vencimento = '01/12/2026' -> 2 ; where vencimento <> '2026/11/02' and código < 5 -> 2,4\n"
+        "where (vencimento like '%%') -> 1,2,3,4,5,6,7,8,9,10 ; where vencimento like ' ' -> 3\n"
+        "where vencimento like '%-%' -> 8"_s,
+        answer);
+    // What is assigned stays as it is written; what is sought is a date.
+    program.run(u"UPDATE pagar SET documento='x', vencimento='02/11/2026' WHERE vencimento = '2026/11/02'"_s);
+    QCOMPARE(program.rows(u"select vencimento from pagar where documento like 'x'"_s),
+             u"02/11/2026\n02/11/2026\n"_s);
+    QCOMPARE(program.database().execute(u"Delete FROM pagar where vencimento like '%2026/11/02%'"_s), 2);
+}
+
+/// Totals, periods and balances never read whole rows, and an order that an index has is not made again.
 void TestConnection::planUsesIndexes()
 {
     TestProgram program;
-    const QString sums = u"SELECT rowid, estatus, valor, qtde FROM "_s;
-    for (const auto &[sql, expected] :
-         {std::pair(u"SELECT valor FROM pagar WHERE estatus like ('Concluído') AND origem like ('Itaú')"_s,
-                    u"COVERING INDEX pagar_por_origem (origem=? AND estatus=?)"_s),
-          {u"SELECT movimento, valor FROM bancario WHERE estatus like 'x' AND destino like 'y'"_s,
-           u"COVERING INDEX bancario_por_destino (destino=? AND estatus=?)"_s},
-          {u"SELECT * FROM bancario where(código like '5')"_s, u"PRIMARY KEY (rowid=?)"_s},
-          {u"SELECT DISTINCT origem FROM receber order by origem"_s, u"INDEX receber_por_origem (origem>?)"_s},
-          {sums + u"pagar where (estatus like '%%') order by vencimento"_s,
-           u"SCAN TABLE pagar USING COVERING INDEX pagar_por_vencimento\n"_s},
-          {sums + u"pagar where(data like '%2026/%') order by data"_s,
-           u"COVERING INDEX pagar_por_data (<expr>>? AND <expr><?)\n"_s},
-          {sums + u"receber WHERE data BETWEEN '2026/01/01' AND '2026/01/31'"_s,
-           u"COVERING INDEX receber_por_data (<expr>>? AND <expr><?)"_s},
-          {sums + u"pagar where (fornecedor like 'x') order by vencimento"_s,
-           u"COVERING INDEX pagar_por_fornecedor (fornecedor=?)"_s},
-          {sums + u"receber where (estatus like '%%')"_s, u"COVERING INDEX receber_por_codigo\n"_s},
-          {u"SELECT rowid, movimento, valor FROM bancario order by data"_s,
-           u"COVERING INDEX bancario_por_data\n"_s}}) {
+    using Order = dialect::RowOrder;
+    const QString figures = u"SELECT rowid, estatus, valor, qtde FROM "_s;
+    struct Case
+    {
+        QString sql, expected;
+        bool sorts = true;
+        Order order = Order::Insertion;
+    };
+    const Case cases[] = {
+        {u"SELECT valor FROM pagar WHERE estatus like ('Concluído') AND origem like ('Itaú')"_s,
+         u"COVERING INDEX pagar_por_origem (origem=? AND estatus=?)"_s, false, Order::Any},
+        {u"SELECT movimento, valor FROM bancario WHERE estatus like ('Concluído') AND origem like 'Itaú'"_s,
+         u"COVERING INDEX bancario_por_origem (origem=? AND estatus=?)"_s, false, Order::Any},
+        {u"SELECT * FROM receber where (cliente like 'Zé')"_s, u"INDEX receber_por_cliente (cliente=?)"_s},
+        {u"SELECT * FROM bancario where(código like '5')"_s, u"PRIMARY KEY (rowid=?)"_s, false},
+        {u"SELECT DISTINCT origem FROM receber order by origem"_s, u"INDEX receber_por_origem (origem>?)"_s},
+        {figures + u"pagar where (estatus like '%%') order by vencimento"_s,
+         u"SCAN TABLE pagar USING COVERING INDEX pagar_por_vencimento"_s, false},
+        {figures + u"pagar where (estatus like 'Pendente') order by [Data]"_s,
+         u"SCAN TABLE pagar USING COVERING INDEX pagar_por_data"_s, false},
+        {figures + u"pagar where(vencimento like '%2026/%') order by vencimento"_s,
+         u"COVERING INDEX pagar_por_vencimento (<expr>>? AND <expr><?)"_s, false},
+        {figures + u"pagar where(vencimento like '%/11/%' AND data like '%2026/%') order by vencimento"_s,
+         u"INDEX pagar_por_data (<expr>>? AND <expr><?)"_s},
+        {figures + u"receber where(Data like '%/11/%' AND data like '%2026/%')"_s,
+         u"COVERING INDEX receber_por_data (<expr>>? AND <expr><?)"_s},
+        {figures + u"pagar where(data like '2026/11/14') order by data"_s,
+         u"COVERING INDEX pagar_por_data (<expr>=?)"_s},
+        {figures + u"receber WHERE data BETWEEN '2026/11/01' AND '2026/12/01'"_s,
+         u"COVERING INDEX receber_por_data (<expr>>? AND <expr><?)"_s},
+        {figures + u"pagar WHERE data BETWEEN '2026/11/01' AND '2026/12/01' and (origem like 'Caixa') "
+                   "order by data"_s,
+         u"COVERING INDEX pagar_"_s},
+        {figures + u"pagar where (estatus like '%%') and (origem like 'Caixa') order by vencimento"_s,
+         u"COVERING INDEX pagar_por_origem (origem=?)"_s},
+        {figures + u"receber where (estatus like '%%') and (cliente like 'Ana')"_s,
+         u"COVERING INDEX receber_por_cliente (cliente=?)"_s},
+        {figures + u"pagar where (estatus like '%%') and (descricao like 'Luz') order by data"_s,
+         u"COVERING INDEX pagar_por_descricao (descricao=?)"_s},
+        {figures + u"receber where (estatus like '%%')"_s,
+         u"SCAN TABLE receber USING COVERING INDEX receber_por_codigo"_s, false},
+        {u"SELECT rowid, movimento, estatus, valor FROM bancario order by data"_s,
+         u"SCAN TABLE bancario USING COVERING INDEX bancario_por_data"_s, false},
+        {u"Select * from pagar WHERE vencimento BETWEEN '2026/11/01' AND '2026/11/30' AND estatus like "
+         "('%%') AND fornecedor like('%%') AND origem like('%Caixa%') AND descricao like('%%')"_s,
+         u"INDEX pagar_por_vencimento (<expr>>? AND <expr><?)"_s},
+        {u"UPDATE pagar SET documento='x' WHERE vencimento >= '2026/11/01'"_s,
+         u"INDEX pagar_por_vencimento (<expr>>?)"_s, false}};
+    for (const auto &[sql, expected, sorts, order] : cases) {
         // "explain query plan" yields the plan's words in its last column.
-        Statement plan =
-            program.database().prepareNative("EXPLAIN QUERY PLAN " + dialect::translate(sql).sql.toUtf8());
+        const QString translated = dialect::translate(sql, dialect::RowKey::Omitted, order).sql;
+        Statement plan = program.database().prepareNative("EXPLAIN QUERY PLAN " + translated.toUtf8());
         QString words;
         while (plan.step())
             words += plan.text(3) + u'\n';
-        QVERIFY2(words.contains(expected), qPrintable(words));
+        QVERIFY2(words.contains(expected) && (sorts || !words.contains(u"TEMP B-TREE")),
+                 qPrintable(sql + u'\n' + words));
     }
+}
+
+void TestConnection::anOlderFileGainsTheIndexes()
+{
+    TestProgram program;
+    const QString path = program.databaseFile();
+    const auto definitions = [&] {
+        const auto file = Connection::open(path, password());
+        QStringList found;
+        for (Statement index = file->prepareNative(
+                 "SELECT sql FROM sqlite_master WHERE type = 'index' AND sql <> '' ORDER BY name");
+             index.step();)
+            found << index.text(0);
+        return found;
+    };
+    const QStringList wanted = definitions();
+    QVERIFY(wanted.size() > 10);
+    {
+        const auto file = Connection::open(path, password());
+        for (const QString &definition : wanted)
+            file->executeNative("DROP INDEX " + definition.section(u' ', 2, 2).toUtf8());
+        file->executeNative("CREATE INDEX pagar_saldo ON pagar (origem, estatus, valor);"
+                            "CREATE INDEX produto_produto ON produto (produto)");
+    }
+    const QStringList older = definitions();
+    QCOMPARE(older.size(), 2);
+    {
+        const auto other = Connection::open(path, password());
+        const Transaction writing(*other);
+        QCOMPARE(program.rows(u"select count(*) from pagar"_s), u"0\n"_s); // opens, and quickly
+        closeDatabase();
+    }
+    QCOMPARE(definitions(), older);
+    program.database();
+    QCOMPARE(definitions(), wanted);
+    // A file that has them all is opened without a write.
+    const QByteArray before = contents(path);
+    closeDatabase();
+    program.database();
+    QVERIFY(contents(path) == before);
 }
 
 void TestConnection::changes()
@@ -344,6 +455,34 @@ void TestConnection::transactionIsAllOrNothing()
         QVERIFY(!database.inTransaction());
     }
     QCOMPARE(program.rows(u"select banco from banco"_s), u"B\n"_s);
+}
+
+/// A rollback journal, for network folders, and a flush before a commit counts as done.
+void TestConnection::commitsReachTheDisk()
+{
+    TestProgram program;
+    program.run(u"insert into banco values ('A', '0,00', ' ')"_s);
+    for (const auto &[pragma, expected] :
+         {std::pair("PRAGMA journal_mode", u"delete"_s), {"PRAGMA synchronous", u"2"_s}}) {
+        Statement value = program.database().prepareNative(pragma);
+        QVERIFY(value.step());
+        QCOMPARE(value.text(0), expected);
+    }
+}
+
+void TestConnection::othersCommitsAreNoticed()
+{
+    TestProgram program;
+    Connection &database = program.database();
+    const auto other = Connection::open(program.databaseFile(), password());
+    const quint64 before = database.dataVersion();
+    program.run(u"insert into banco values ('A', '0,00', ' ')"_s);
+    QCOMPARE(database.dataVersion(), before);
+    other->execute(u"insert into banco values ('B', '0,00', ' ')"_s);
+    const quint64 after = database.dataVersion();
+    QVERIFY(after != before);
+    QCOMPARE(database.dataVersion(), after);
+    QCOMPARE(program.rows(u"select banco from banco"_s), u"A\nB\n"_s);
 }
 
 void TestConnection::fullDisk()

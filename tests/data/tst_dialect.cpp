@@ -1,4 +1,5 @@
 #include "data/dialect.h"
+#include "data/dialect_dates.h"
 #include "data/like.h"
 #include "support/answers.h"
 
@@ -15,6 +16,7 @@ class TestDialect : public QObject
 
 private Q_SLOTS:
     void translates();
+    void partsOfAQuery();
     void rowKeyComesLast();
     void countsWithoutSorting();
     void likePattern();
@@ -48,13 +50,13 @@ void TestDialect::translates()
                  "select * from banco order by [banco] -> "
                  "select * from banco ORDER BY [banco] COLLATE name_order, rowid\n"
                  "select * from pagar order by valor DESC, Data, código -> "
-                 "select * from pagar ORDER BY stored_amount(valor) DESC, day(Data), código, rowid\n"
+                 "select * from pagar ORDER BY stored_amount(valor) DESC, day(data), código, rowid\n"
                  "delete from pagar where (data like '23/11/2026') and [vencimento] not like '%2026/11/%' -> "
-                 "delete from pagar where (day(data) = '2026/11/23') and day([vencimento]) NOT BETWEEN "
-                 "'2026/11/' AND '2026/11/99/99'\n"
+                 "delete from pagar where (day(data) = '2026/11/23') and NOT "
+                 "(day(vencimento) >= '2026/11/' AND day(vencimento) < '2026/110')\n"
                  "delete from pagar where(Data like '%/11/%' AND data like '%2026/%') or data like '%%' -> "
-                 "delete from pagar where(substr(day(Data), 6, 2) = '11' AND day(data) BETWEEN '2026/' AND "
-                 "'2026/99/99') or data IS NOT NULL\n"
+                 "delete from pagar where(substr(day(data), 6, 2) = '11' AND (day(data) >= '2026/' AND "
+                 "day(data) < '20260')) or data IS NOT NULL\n"
                  "delete from pagar where nascimento like '%/2_%' or nascimento like '%maio%' -> "
                  "delete from pagar where day(nascimento) LIKE '%/2_%' or nascimento like '%maio%'\n"
                  "UPDATE pagar SET data = '2026/11/23' WHERE data BETWEEN '01/11/2026' AND '2026/11/30' and "
@@ -63,8 +65,8 @@ void TestDialect::translates()
                  "select banco from banco where a = 1 limit 3 -> "
                  "select banco from banco where a = 1 ORDER BY rowid limit 3\n"
                  "select p.nome from cliente as p -> select p.nome from cliente as p ORDER BY rowid\n"
-                 "SELECT DISTINCT fornecedor FROM pagar where data > '2' order by fornecedor ASC -> "
-                 "SELECT [fornecedor] FROM (SELECT DISTINCT fornecedor FROM pagar where data > '2') "
+                 "SELECT DISTINCT fornecedor FROM pagar where valor > '2' order by fornecedor ASC -> "
+                 "SELECT [fornecedor] FROM (SELECT DISTINCT fornecedor FROM pagar where valor > '2') "
                  "GROUP BY folded_text([fornecedor]) ORDER BY fornecedor COLLATE name_order\n"
                  "SELECT DISTINCT estado from cliente -> "
                  "SELECT [estado] FROM (SELECT estado, min(rowid) AS first_row from cliente GROUP BY estado) "
@@ -73,13 +75,13 @@ void TestDialect::translates()
                  "SELECT [nome],[código] FROM [cliente] GROUP BY [nome], [código] ORDER BY min(rowid)"_s,
                  [](const QString &written) {
                      QString sql = dialect::translate(written).sql;
-                     for (const QString &column :
-                          {u"Data"_s, u"data"_s, u"vencimento"_s, u"[vencimento]"_s, u"nascimento"_s})
+                     for (const QString &column : {u"data"_s, u"vencimento"_s, u"nascimento"_s})
                          sql.replace(dialect::dateExpression(column), u"day("_s + column + u')');
                      return sql;
                  });
     for (const QString &same :
          {u"Delete from login where nome like '%a_' and [a] like '[x]%1' and b like 'ááááááá'"_s,
+          u"Delete from t where data||b like '2026' and data like '%x1%' and f(data) = '2026' and data = b"_s,
           u"Delete from t where a||b like 'x' and f(a) like 'y' and a like 'x'||'y'"_s,
           u"Delete from t where a = 'x like ''%%'' [CÓDIGO] -- ; select'"_s,
           u"UPDATE t SET a='b', b=c+1, c = (c)"_s, u"select count(*) from pagar"_s,
@@ -87,6 +89,27 @@ void TestDialect::translates()
           u"select * from (select 1)"_s, u"select nome from a union select b from c"_s,
           u"insert into banco values ('select', 'x')"_s})
         QCOMPARE(dialect::translate(same).sql, same);
+}
+
+void TestDialect::partsOfAQuery()
+{
+    const QString due = dialect::dateExpression(u"vencimento");
+    QVERIFY(due == dialect::dateExpression(u"[Vencimento]"));
+    const auto parts = [&due](const QString &sql) {
+        const dialect::Translation query = dialect::translate(sql);
+        QStringList texts{query.where};
+        for (const dialect::OrderTerm &term : query.orderTerms)
+            texts << u"%1 %2 %3"_s.arg(int(term.kind)).arg(term.descending).arg(term.expression);
+        return texts.join(u'|').replace(due, u"DUE"_s);
+    };
+    checkAnswers(
+        u"select * from pagar where(a like 'x') and b = 1 order by [Vencimento] DESC, valor,[nome] asc, "
+        "código desc, lower(x) desc -> (a = 'x') and b = 1|0 1 DUE|1 0 stored_amount(valor)|"
+        "2 0 [nome] COLLATE name_order|3 1 código|3 1 lower(x)\n"
+        "select valor from pagar where vencimento = '01/02/2026' limit 3 -> DUE = '2026/02/01'\n"
+        "Select * from bancario -> \n"
+        "select vencimento from a where b union select vencimento from c order by vencimento -> "_s,
+        parts);
 }
 
 void TestDialect::rowKeyComesLast()

@@ -16,6 +16,9 @@
 
 #include <memory>
 
+#include <sys/wait.h>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 class TestSettings : public QObject
@@ -28,6 +31,7 @@ private Q_SLOTS:
     void anyTextComesBack();
     void theFileIsTheOwnersOnly();
     void anotherProgramsChangeIsSeenAndKept();
+    void twoProgramsWritingAtOnceLoseNothing();
     void anUnwritableFolderIsReportedAndChangesNothing();
     void foreignFilesAreRead();
     void layoutsComeBack();
@@ -127,6 +131,31 @@ void TestSettings::anotherProgramsChangeIsSeenAndKept()
     QCOMPARE(settings::value(settings::fontName), u"Arial"_s);
 }
 
+void TestSettings::twoProgramsWritingAtOnceLoseNothing()
+{
+    constexpr int programs = 3, keys = 25;
+    const auto key = [](int program, int i) { return u"%1-%2"_s.arg(program).arg(i); };
+    std::vector<pid_t> children;
+    for (int program = 0; program < programs; ++program) {
+        children.push_back(fork());
+        if (children.back() == 0) {
+            for (int i = 0; i < keys; ++i)
+                settings::write(u"Tavaro"_s, u"x"_s, key(program, i), u"1"_s);
+            _exit(0);
+        }
+    }
+    for (const pid_t child : children) {
+        int status = -1;
+        QVERIFY(waitpid(child, &status, 0) == child && status == 0);
+    }
+    QStringList lost;
+    for (int program = 0; program < programs; ++program)
+        for (int i = 0; i < keys; ++i)
+            if (settings::read(u"Tavaro"_s, u"x"_s, key(program, i), u"lost"_s) != u"1")
+                lost << key(program, i);
+    QCOMPARE(lost, QStringList());
+}
+
 void TestSettings::anUnwritableFolderIsReportedAndChangesNothing()
 {
     put(in(u"config"_s), "a file where the folder should be");
@@ -156,6 +185,7 @@ void TestSettings::foreignFilesAreRead()
 void TestSettings::layoutsComeBack()
 {
     ListLayout layout = listlayout::load(movementlist::layoutFile());
+    listlayout::save(movementlist::layoutFile(), layout); // nothing was changed
     QVERIFY(!QFile::exists(in(u"programa/bancario.ini"_s)));
     layout.widths.at(2) = 1234.5;
     std::swap(layout.positions.at(1), layout.positions.at(7));
