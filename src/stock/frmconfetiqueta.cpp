@@ -9,6 +9,7 @@
 #include "widgets/formkeys.h"
 #include "widgets/messages.h"
 
+#include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QPainter>
 #include <QPdfWriter>
@@ -45,10 +46,11 @@ void paintEdges(QPainter &painter)
 {
     painter.save();
     painter.setPen(QPen(Qt::lightGray, 0, Qt::DotLine));
-    for (int place = 0; place < labelsheet::labelsPerPage; ++place)
-        painter.drawRect(QRectF(place % labelsheet::columns * labelsheet::labelWidth * unit,
-                                place / labelsheet::columns * labelsheet::labelHeight * unit,
+    for (int place = 0; place < labelsheet::labelsPerPage; ++place) {
+        const int column = place % labelsheet::columns, row = place / labelsheet::columns;
+        painter.drawRect(QRectF(column * labelsheet::labelWidth * unit, row * labelsheet::labelHeight * unit,
                                 labelsheet::labelWidth * unit, labelsheet::labelHeight * unit));
+    }
     painter.restore();
 }
 

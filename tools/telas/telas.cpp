@@ -45,6 +45,16 @@ QPalette darkPalette()
     return palette;
 }
 
+/// The program folder of these pictures is one of this machine; they show the one of an installed program.
+void showInstalledFolder(const QWidget &screen)
+{
+    for (QWidget *control : screen.findChildren<QWidget *>()) {
+        QString text = control->property("text").toString();
+        if (text.contains(programfolder::path()))
+            control->setProperty("text", text.replace(programfolder::path(), u"/opt/tavaro"_s));
+    }
+}
+
 /// Saves what is on screen now, then goes on.
 class Pictures
 {
@@ -53,6 +63,7 @@ public:
 
     void take(QWidget &screen, const QString &name)
     {
+        showInstalledFolder(screen);
         for (int i = 0; i < 3; ++i)
             QCoreApplication::processEvents();
         const QString file = m_folder + u'/' + name + u".png"_s;
