@@ -1,6 +1,7 @@
 #include "widgets/pagegrid.h"
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 
 using namespace Qt::StringLiterals;
@@ -13,9 +14,10 @@ constexpr double narrowestText = 2.5;
 constexpr double sensibleText = 24;   ///< a long note does not make the letters of the whole list small
 constexpr double widestUnbroken = 14; ///< amounts and dates are not wrapped; a text in their place may be
 
-constexpr double smallestForLines = 0.7; ///< letters become no smaller to keep texts in one line,
-constexpr double smallestForWords = 0.6; ///< nor to keep words whole
-constexpr double roundingSlack = 1.003;  ///< widths are sums of rounded ones
+constexpr double smallestForOneLine = 0.7;  ///< letters become no smaller to keep texts in one line,
+constexpr double smallestForFewLines = 0.6; ///< nor to keep words whole and texts in few lines
+constexpr int fewLines = 3;
+constexpr double roundingSlack = 1.003; ///< widths are sums of rounded ones
 
 constexpr double gapOfLines = 0.15;        ///< below a row, in line spacings
 constexpr double gapOfWrappedLines = 0.45; ///< shows where a row of several lines ends
@@ -121,25 +123,29 @@ double PageGrid::total(Step step) const
 
 double PageGrid::fittingScale(double pageWidth) const
 {
-    double scale = std::min(1.0, std::max(smallestForLines, pageWidth / total(Sensible)));
-    if (pageWidth / total(Words) < scale)
-        scale = std::max(smallestForWords, pageWidth / total(Words));
+    double inFewLines = gaps();
+    for (const Cell &cell : m_cells)
+        inFewLines += std::max(cell.steps[Words], cell.steps[Sensible] / fewLines);
+    double scale = std::min(1.0, std::max(smallestForOneLine, pageWidth / total(Sensible)));
+    if (pageWidth / inFewLines < scale)
+        scale = std::max(smallestForFewLines, pageWidth / inFewLines);
     // Too many columns for readable letters: smaller ones rather than none.
     return std::min(scale, pageWidth / total(Narrowest));
 }
 
-/// Gives the columns what they take at the widest step that there is room for; of the rest the narrow ones
-/// have what they need for the next step before the wide ones.
+/// Gives the columns what they take at the widest step that there is room for. The rest goes towards what
+/// they would take at the next: a wide column gets more of it than a narrow one, but not so much more, so
+/// that narrow values stay in one line and wide ones do not become tall.
 void PageGrid::spread(double room)
 {
-    int step = Narrowest;
-    while (step < Words + 1 && total(Step(step + 1)) <= room)
+    std::size_t step = Narrowest;
+    while (step + 1 < Natural && total(Step(step + 1)) <= room)
         ++step;
     const auto widthAt = [step](const Cell &cell, double level) {
-        return std::clamp(level, cell.steps[std::size_t(step)], cell.steps[std::size_t(step) + 1]);
+        return std::clamp(level * std::sqrt(cell.steps[step + 1]), cell.steps[step], cell.steps[step + 1]);
     };
     double low = 0, high = room;
-    for (int i = 0; i < 40; ++i) {
+    for (int i = 0; i < 50; ++i) {
         const double level = (low + high) / 2;
         double used = gaps();
         for (const Cell &cell : m_cells)
@@ -189,8 +195,7 @@ QStringList PageGrid::labelLines(int row) const
             used = joined;
             continue;
         }
-        const bool mayWrap = label.column < 0 || m_list.kind(label.column) == CellKind::Text;
-        lines << m_font.wrapped(text, m_pageWidth, mayWrap ? label.label.size() : text.size());
+        lines << m_font.wrapped(text, m_pageWidth, label.label.size());
         used = m_font.width(lines.constLast());
     }
     return lines;
