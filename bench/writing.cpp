@@ -15,7 +15,7 @@
 #include "settings/database.h"
 #include "stock/stock.h"
 #include "table.h"
-#include "widgets/pageprinter.h"
+#include "widgets/documentpages.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -168,9 +168,9 @@ void printOnly(const QString &folder)
     benchdata::use(folder);
     const Report report = payablesReport();
     const QTemporaryDir target;
-    const PageDocument document = modimpressao::document(
-        report, modimpressao::listPages(modimpressao::ListKind::Payables, *report.tables.front()));
+    DocumentPages pages(modimpressao::document(
+        report, modimpressao::listPages(modimpressao::ListKind::Payables, *report.tables.front())));
     const QPageLayout paper(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(12, 12, 12, 12),
                             QPageLayout::Millimeter);
-    savePdf(target.filePath(u"pages.pdf"_s), document, paper, nullptr);
+    pageprinter::savePdf(target.filePath(u"pages.pdf"_s), pages, paper, nullptr);
 }

@@ -6,9 +6,13 @@
 #include "widgets/formkeys.h"
 #include "widgets/frmcarregando.h"
 #include "widgets/messages.h"
+#include "widgets/pageprinter.h"
 
 #include <QDesktopServices>
 #include <QPointer>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
 #include <QUrl>
 
 using namespace Qt::StringLiterals;
@@ -74,6 +78,55 @@ void printPages(QWidget *parent, const PageDocument &document)
     }
     screen->exec();
     delete screen;
+}
+
+bool hasPrinter()
+{
+    return !QPrinterInfo::availablePrinterNames().isEmpty();
+}
+
+QString printingText()
+{
+    return u"Por favor aguarde enquanto as páginas são preparadas."_s;
+}
+
+bool printOnPrinter(QWidget *parent, Pages &pages, const QPageLayout &paper)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageLayout(paper);
+    printer.setDocName(pages.name());
+    printer.setCreator(u"Tavaro"_s);
+    QPrintDialog dialog(&printer, parent);
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+    dialog.setMinMax(1, pages.count());
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    try {
+        WaitProgress progress(parent, u"Imprimindo"_s, printingText());
+        const PageRange all;
+        const int first = printer.fromPage();
+        pageprinter::paint(pages, printer,
+                           first > 0 ? PageRange{first, std::max(first, printer.toPage())} : all, &progress);
+        if (printer.printerState() != QPrinter::Error && printer.printerState() != QPrinter::Aborted)
+            return true;
+        showPrintError(parent);
+    } catch (const Error &error) {
+        if (error.kind() == Error::Kind::File)
+            showPrintError(parent);
+        else
+            showPageError(parent, error);
+    }
+    return false;
+}
+
+QString savePdf(QWidget *parent, const QString &title, Pages &pages, const QPageLayout &paper)
+{
+    const QString path = files::save(parent, title, u"Arquivos PDF (*.pdf)"_s, u"pdf"_s);
+    const bool saved = !path.isEmpty() && messages::guarded(parent, messages::generalPrefix, [&] {
+        WaitProgress progress(parent, u"Salvando em PDF"_s, printingText());
+        pageprinter::savePdf(path, pages, paper, &progress);
+    });
+    return saved ? path : QString();
 }
 
 void offerToOpen(QWidget *parent, const QString &path)

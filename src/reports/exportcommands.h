@@ -4,6 +4,8 @@
 #include "reports/modimpressao.h"
 #include "reports/report.h"
 
+class Pages;
+class QPageLayout;
 class QWidget;
 
 /// Titles and filters of a screen's two save choosers.
@@ -29,6 +31,16 @@ void saveHtml(QWidget *parent, const Report &report, const ExportTexts &texts);
 void print(QWidget *parent, const Report &report, const modimpressao::PageSetup &setup = {});
 /// The same for pages that are not made from a report, such as a receipt.
 void printPages(QWidget *parent, const PageDocument &document);
+
+bool hasPrinter();
+/// The wait screen's text while pages are laid out or painted.
+QString printingText();
+/// Lets the user choose a printer and some of the pages, and prints them; a failure is told. Whether they
+/// were printed.
+bool printOnPrinter(QWidget *parent, Pages &pages, const QPageLayout &paper);
+/// Asks for a file in a chooser of this title and writes the pages into it; a failure is told. Returns its
+/// path, empty when there is none.
+QString savePdf(QWidget *parent, const QString &title, Pages &pages, const QPageLayout &paper);
 
 /// Asks whether to open the file that was just saved, and opens it.
 void offerToOpen(QWidget *parent, const QString &path);

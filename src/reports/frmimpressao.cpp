@@ -3,16 +3,12 @@
 
 #include "data/error.h"
 #include "reports/exportcommands.h"
-#include "widgets/files.h"
+#include "widgets/documentpages.h"
 #include "widgets/frmcarregando.h"
-#include "widgets/messages.h"
-#include "widgets/pageprinter.h"
 
 #include <QLocale>
-#include <QPrintDialog>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
-#include <QPrinterInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -21,36 +17,29 @@ namespace {
 constexpr int previewPages = 30;
 constexpr double marginMillimetres = 12;
 
-bool hasPrinter()
-{
-    return !QPrinterInfo::availablePrinterNames().isEmpty();
-}
-
-QString printingText()
-{
-    return u"Por favor aguarde enquanto as páginas são preparadas."_s;
-}
-
 } // namespace
 
 frmimpressao::frmimpressao(PageDocument document, QWidget *parent)
     : QDialog(parent, Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
       m_ui(std::make_unique<Ui::frmimpressao>()),
-      m_document(std::move(document)),
       m_printer(std::make_unique<QPrinter>(QPrinter::HighResolution)),
       m_preview(new QPrintPreviewWidget(m_printer.get(), this))
 {
     m_ui->setupUi(this);
     m_ui->visualizacao->addWidget(m_preview);
     m_preview->setObjectName(u"paginas"_s);
-    setWindowTitle(m_document.name + u" - Impressão"_s);
+    setWindowTitle(document.name + u" - Impressão"_s);
     m_printer->setPageMargins(
         QMarginsF(marginMillimetres, marginMillimetres, marginMillimetres, marginMillimetres),
         QPageLayout::Millimeter);
-    m_printer->setPageOrientation(PagePrinter::fittingOrientation(m_document, *m_printer));
-    layOut();
+    {
+        WaitProgress progress(parent, u"Imprimindo"_s, exportar::printingText());
+        m_pages = std::make_unique<DocumentPages>(std::move(document), &progress);
+        m_printer->setPageOrientation(m_pages->fittingOrientation(m_printer->pageLayout()));
+        m_pages->layOut(m_printer->pageLayout(), &progress);
+    }
     m_ui->chkpaisagem->setChecked(m_printer->pageLayout().orientation() == QPageLayout::Landscape);
-    m_ui->lblaviso->setVisible(!hasPrinter());
+    m_ui->lblaviso->setVisible(!exportar::hasPrinter());
     connectControls();
     updateControls();
     m_preview->fitToWidth();
@@ -75,16 +64,10 @@ void frmimpressao::connectControls()
     connect(m_ui->cmdsair, &QPushButton::clicked, this, &QDialog::close);
 }
 
-void frmimpressao::layOut()
-{
-    m_layout = std::make_unique<PagePrinter>(m_document, *m_printer);
-    m_pages = m_layout->pageCount();
-}
-
 void frmimpressao::paintPreview()
 {
     try {
-        m_layout->paint({.last = previewPages}, nullptr);
+        pageprinter::paint(*m_pages, *m_printer, {.last = previewPages}, nullptr);
     } catch (const Error &error) {
         m_ui->lblpagina->setText(error.text());
     }
@@ -94,7 +77,8 @@ void frmimpressao::setLandscape(bool on)
 {
     m_printer->setPageOrientation(on ? QPageLayout::Landscape : QPageLayout::Portrait);
     try {
-        layOut();
+        WaitProgress progress(this, u"Imprimindo"_s, exportar::printingText());
+        m_pages->layOut(m_printer->pageLayout(), &progress);
     } catch (const Error &error) { // a slip of paper may be too low lying on its side
         exportar::showPageError(this, error);
         m_ui->chkpaisagem->setChecked(!on);
@@ -107,60 +91,31 @@ void frmimpressao::setLandscape(bool on)
 void frmimpressao::updateControls()
 {
     const int shown = m_preview->pageCount();
+    const int pages = m_pages->count();
     const int current = m_preview->currentPage();
     const QLocale portuguese(QLocale::Portuguese, QLocale::Brazil);
-    QString text = u"Página %1 de %2"_s.arg(current).arg(portuguese.toString(m_pages));
-    if (m_pages > previewPages)
+    QString text = u"Página %1 de %2"_s.arg(current).arg(portuguese.toString(pages));
+    if (pages > previewPages)
         text += u" (aqui são mostradas as primeiras %1)"_s.arg(previewPages);
     m_ui->lblpagina->setText(text);
     m_ui->cmdanterior->setEnabled(current > 1);
     m_ui->cmdproxima->setEnabled(current < shown);
 }
 
-bool frmimpressao::paintPages(QPrinter &printer)
-{
-    try {
-        WaitProgress progress(this, u"Imprimindo"_s, printingText());
-        const PageRange all;
-        const int first = printer.fromPage();
-        PagePrinter(m_document, printer)
-            .paint(first > 0 ? PageRange{first, std::max(first, printer.toPage())} : all, &progress);
-    } catch (const Error &) {
-        exportar::showPrintError(this);
-        return false;
-    }
-    if (printer.printerState() != QPrinter::Error && printer.printerState() != QPrinter::Aborted)
-        return true;
-    exportar::showPrintError(this);
-    return false;
-}
-
 void frmimpressao::print()
 {
-    if (!hasPrinter()) {
+    if (!exportar::hasPrinter())
         savePdf();
-        return;
-    }
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setPageLayout(m_printer->pageLayout());
-    printer.setDocName(m_document.name);
-    printer.setCreator(u"Tavaro"_s);
-    QPrintDialog dialog(&printer, this);
-    dialog.setOption(QAbstractPrintDialog::PrintPageRange);
-    dialog.setMinMax(1, m_pages);
-    if (dialog.exec() == QDialog::Accepted && paintPages(printer))
+    else if (exportar::printOnPrinter(this, *m_pages, m_printer->pageLayout()))
         accept();
+    else
+        m_preview->updatePreview(); // the pages may have been laid out for another paper
 }
 
 void frmimpressao::savePdf()
 {
-    const QString path = files::save(this, u"Salvar páginas em PDF"_s, u"Arquivos PDF (*.pdf)"_s, u"pdf"_s);
-    if (path.isEmpty())
-        return;
-    const bool saved = messages::guarded(this, messages::generalPrefix, [&] {
-        WaitProgress progress(this, u"Salvando em PDF"_s, printingText());
-        ::savePdf(path, m_document, m_printer->pageLayout(), &progress);
-    });
-    if (saved)
+    const QString path =
+        exportar::savePdf(this, u"Salvar páginas em PDF"_s, *m_pages, m_printer->pageLayout());
+    if (!path.isEmpty())
         exportar::offerToOpen(this, path);
 }

@@ -6,7 +6,7 @@
 
 #include <memory>
 
-class PagePrinter;
+class DocumentPages;
 class QPrinter;
 class QPrintPreviewWidget;
 
@@ -27,20 +27,14 @@ public:
 
 private:
     void connectControls();
-    /// Lays the document out for the paper as it is now.
-    void layOut();
     void paintPreview();
     void setLandscape(bool on);
     void updateControls();
     void print();
     void savePdf();
-    /// Paints on `printer`; a failure is told.
-    bool paintPages(QPrinter &printer);
 
     std::unique_ptr<Ui::frmimpressao> m_ui;
-    PageDocument m_document;
+    std::unique_ptr<DocumentPages> m_pages;
     std::unique_ptr<QPrinter> m_printer; ///< of the preview; holds the paper
-    std::unique_ptr<PagePrinter> m_layout;
     QPrintPreviewWidget *m_preview;
-    int m_pages = 0;
 };

@@ -5,17 +5,15 @@
 #include "settings/database.h"
 #include "widgets/background.h"
 #include "widgets/boxes.h"
-#include "widgets/files.h"
 #include "widgets/formkeys.h"
 #include "widgets/messages.h"
+#include "widgets/pagefont.h"
+#include "widgets/pageprinter.h"
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QPainter>
-#include <QPdfWriter>
-#include <QPrintDialog>
 #include <QPrintPreviewWidget>
-#include <QSaveFile>
 
 #include <limits>
 
@@ -26,46 +24,69 @@ namespace {
 enum FieldColumn { Source, Top, Left, Width, Format };
 
 constexpr int allPages = std::numeric_limits<int>::max();
-constexpr double unit = 100;      ///< painter units in a millimetre
-constexpr int letterHeight = 320; ///< painter units; about 9 points
+constexpr double letterPoints = 9;
 const QString title = u"Etiquetas"_s;
 
-QString fileError(const QSaveFile &file)
+/// From edge to edge: the labels' own places keep clear of what printers cannot reach.
+QPageLayout wholePaper()
 {
-    return u"não foi possível gravar o arquivo \"%1\": %2"_s.arg(file.fileName(), file.errorString());
+    QPageLayout paper(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF());
+    paper.setMode(QPageLayout::FullPageMode);
+    return paper;
 }
 
-/// Paper from edge to edge: the labels' own places keep clear of what printers cannot reach.
-void useWholePaper(QPagedPaintDevice &device)
+QRectF onPaper(double left, double top, double width, double height)
 {
-    device.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF()));
+    return QRectF(left * twips::inMillimetre, top * twips::inMillimetre, width * twips::inMillimetre,
+                  height * twips::inMillimetre);
 }
 
-/// The edges of the labels, for the screen alone.
-void paintEdges(QPainter &painter)
+/// Sheets of labels.
+class LabelPages : public Pages
 {
-    painter.save();
-    painter.setPen(QPen(Qt::lightGray, 0, Qt::DotLine));
-    for (int place = 0; place < labelsheet::labelsPerPage; ++place) {
-        const int column = place % labelsheet::columns, row = place / labelsheet::columns;
-        painter.drawRect(QRectF(column * labelsheet::labelWidth * unit, row * labelsheet::labelHeight * unit,
-                                labelsheet::labelWidth * unit, labelsheet::labelHeight * unit));
+public:
+    /// `showEdges` is for the screen alone.
+    LabelPages(std::vector<std::vector<LabelText>> pages, bool showEdges)
+        : m_pages(std::move(pages)),
+          m_showEdges(showEdges),
+          m_font(QFont().family(), letterPoints, false),
+          m_boldFont(QFont().family(), letterPoints, true)
+    {
+        if (m_pages.empty())
+            m_pages.emplace_back();
     }
-    painter.restore();
-}
-
-void paintPage(QPainter &painter, const std::vector<LabelText> &page)
-{
-    for (const LabelText &label : page) {
-        QFont font = painter.font();
-        font.setPixelSize(letterHeight);
-        font.setBold(label.bold);
-        painter.setFont(font);
-        const QRectF place(label.left * unit, label.top * unit, label.width * unit, letterHeight * 1.5);
-        painter.drawText(place, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
-                         painter.fontMetrics().elidedText(label.text, Qt::ElideRight, int(place.width())));
+    QString name() const override { return title; }
+    void layOut(const QPageLayout &, Progress *) override {}
+    int count() const override { return int(m_pages.size()); }
+    void paint(QPainter &painter, int page) override
+    {
+        if (m_showEdges)
+            paintEdges(painter);
+        for (const LabelText &label : m_pages[std::size_t(page) - 1]) {
+            const QFont font = (label.bold ? m_boldFont : m_font).font();
+            painter.setFont(font);
+            const QRectF place = onPaper(label.left, label.top, label.width, labelsheet::labelHeight);
+            painter.drawText(place, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
+                             QFontMetricsF(font).elidedText(label.text, Qt::ElideRight, place.width()));
+        }
     }
-}
+
+private:
+    static void paintEdges(QPainter &painter)
+    {
+        painter.save();
+        painter.setPen(QPen(Qt::lightGray, 0, Qt::DotLine));
+        for (int place = 0; place < labelsheet::labelsPerPage; ++place)
+            painter.drawRect(onPaper(place % labelsheet::columns * labelsheet::labelWidth,
+                                     place / labelsheet::columns * labelsheet::labelHeight,
+                                     labelsheet::labelWidth, labelsheet::labelHeight));
+        painter.restore();
+    }
+
+    std::vector<std::vector<LabelText>> m_pages;
+    bool m_showEdges;
+    PageFont m_font, m_boldFont;
+};
 
 } // namespace
 
@@ -81,13 +102,10 @@ frmConfEtiqueta::frmConfEtiqueta(const QString &query, QWidget *parent)
     formkeys::modalOverDialog(this);
     m_ui->corpo->addWidget(m_preview, 1);
     m_preview->fitInView();
-    m_previewPrinter.setFullPage(true);
-    useWholePaper(m_previewPrinter);
+    m_previewPrinter.setPageLayout(wholePaper());
     m_ui->spninicio->setMaximum(labelsheet::labelsPerPage);
 
-    connect(m_preview, &QPrintPreviewWidget::paintRequested, this, [this](QPrinter *printer) {
-        messages::guarded(this, messages::generalPrefix, [&] { paintOn(*printer, 1); });
-    });
+    connect(m_preview, &QPrintPreviewWidget::paintRequested, this, &frmConfEtiqueta::paintPreview);
     connect(m_ui->spninicio, &QSpinBox::valueChanged, m_preview, &QPrintPreviewWidget::updatePreview);
     connect(m_ui->cmdincluir, &QPushButton::clicked, this, [this] {
         addField({u"nome"_s, 4, 5, 60, labels::formats().first()});
@@ -189,21 +207,25 @@ void frmConfEtiqueta::removeField()
     fieldsEdited();
 }
 
-void frmConfEtiqueta::paintOn(QPagedPaintDevice &device, int maxPages)
+std::vector<std::vector<LabelText>> frmConfEtiqueta::pages(int maxPages) const
 {
-    const auto pages =
-        labels::pages(*openDatabase(), m_query, fields(), m_ui->spninicio->value() - 1, maxPages);
-    QPainter painter;
-    if (!painter.begin(&device))
-        throw Error(Error::Kind::File, u"não foi possível começar a imprimir."_s);
-    painter.setWindow(0, 0, int(labelsheet::paperWidth * unit), int(labelsheet::paperHeight * unit));
-    if (&device == &m_previewPrinter)
-        paintEdges(painter);
-    for (std::size_t i = 0; i < pages.size(); ++i) {
-        if (i > 0 && !device.newPage())
-            throw Error(Error::Kind::File, u"não foi possível começar uma nova página."_s);
-        paintPage(painter, pages[i]);
-    }
+    return labels::pages(*openDatabase(), m_query, fields(), m_ui->spninicio->value() - 1, maxPages);
+}
+
+void frmConfEtiqueta::paintPreview()
+{
+    messages::guarded(this, messages::generalPrefix, [this] {
+        LabelPages first(pages(1), true);
+        pageprinter::paint(first, m_previewPrinter, {}, nullptr);
+    });
+}
+
+void frmConfEtiqueta::withPages(const std::function<void(Pages &)> &work)
+{
+    std::unique_ptr<LabelPages> all;
+    if (messages::guarded(this, messages::generalPrefix,
+                          [&] { all = std::make_unique<LabelPages>(pages(allPages), false); }))
+        work(*all);
 }
 
 bool frmConfEtiqueta::save()
@@ -217,39 +239,16 @@ bool frmConfEtiqueta::save()
 
 void frmConfEtiqueta::print()
 {
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setFullPage(true);
-    useWholePaper(printer);
-    QPrintDialog chooser(&printer, this);
-    if (chooser.exec() != QDialog::Accepted)
-        return;
-    messages::guarded(this, messages::generalPrefix, [&] {
-        try {
-            paintOn(printer, allPages);
-        } catch (const Error &error) {
-            if (error.kind() != Error::Kind::File)
-                throw;
-            exportar::showPrintError(this);
-        }
-    });
+    if (exportar::hasPrinter())
+        withPages([this](Pages &pages) { exportar::printOnPrinter(this, pages, wholePaper()); });
+    else
+        savePdf();
 }
 
 void frmConfEtiqueta::savePdf()
 {
-    const QString path = files::save(this, u"Salvar etiquetas em PDF"_s, u"Arquivos PDF (*.pdf)"_s, u"pdf"_s);
-    if (path.isEmpty())
-        return;
-    messages::guarded(this, messages::generalPrefix, [&] {
-        QSaveFile file(path);
-        if (!file.open(QIODevice::WriteOnly))
-            throw Error(Error::Kind::File, fileError(file));
-        QPdfWriter writer(&file);
-        useWholePaper(writer);
-        writer.setTitle(title);
-        paintOn(writer, allPages);
-        if (!file.commit())
-            throw Error(Error::Kind::File, fileError(file));
-    });
+    withPages(
+        [this](Pages &pages) { exportar::savePdf(this, u"Salvar etiquetas em PDF"_s, pages, wholePaper()); });
 }
 
 void frmConfEtiqueta::reject()

@@ -5,11 +5,13 @@
 #include <QDialog>
 #include <QPrinter>
 
+#include <functional>
 #include <memory>
 
 namespace Ui {
 class frmConfEtiqueta;
 }
+class Pages;
 class QPrintPreviewWidget;
 
 /// The label screen: lays out the fields of an address label, shows the first page and prints the labels of
@@ -34,7 +36,10 @@ private:
     void fieldsEdited();
     void removeField();
     /// Throws Error.
-    void paintOn(QPagedPaintDevice &device, int maxPages);
+    std::vector<std::vector<LabelText>> pages(int maxPages) const;
+    void paintPreview();
+    /// Runs `work` on all pages; a failure to make them is told.
+    void withPages(const std::function<void(Pages &)> &work);
     bool save();
     void print();
     void savePdf();

@@ -1,35 +1,21 @@
 #pragma once
 
+#include "data/progress.h"
 #include "lists/pagedocument.h"
+#include "widgets/pagefont.h"
 
-#include <QFont>
-#include <QFontMetricsF>
-
-class QPagedPaintDevice;
-
-/// A font as a certain paper shows it.
-struct PageFont
+/// One row as it stands on the page, line by line.
+struct PageRow
 {
-    PageFont(const QString &family, double points, bool bold, QPagedPaintDevice &device);
+    std::vector<QStringList> cells = {};
+    QStringList below = {};  ///< labelled values
+    qsizetype cellLines = 0; ///< of the cell with the most lines
 
-    double width(const QString &text) const { return metrics.horizontalAdvance(text); }
-    /// `text` or, when it is too wide, its beginning with an ellipsis.
-    QString fitted(const QString &text, double width) const;
-    /// `text` in lines of this width.
-    QStringList wrapped(const QString &text, double width) const;
-
-    QFont font;
-    QFontMetricsF metrics;
-
-private:
-    /// Nearly the width, never less by more than a kerning; far quicker than laying the text out.
-    double estimate(QStringView text) const;
-    double estimate(QChar c) const;
-
-    mutable std::vector<double> m_advances; ///< of the first characters, as they are asked for
+    qsizetype lineCount() const { return cellLines + below.size(); }
 };
 
-/// The columns of a list on a paper.
+/// The columns of a list on a paper. All that the list says is printed: a text that is wider than its cell is
+/// wrapped. Lengths are in twips.
 class PageGrid
 {
 public:
@@ -38,33 +24,46 @@ public:
         int column; ///< of the list; -1 for one it does not have
         QString heading;
         bool rightAligned;
-        bool isText; ///< may be cut off
-        double x, width;
+        /// With the document's letters: as narrow as can be, with whole words, with texts of a sensible width
+        /// in one line, with all texts in one line.
+        std::array<double, 4> steps;
+        double x = 0, width = 0;
     };
 
-    PageGrid(const PageTable &table, const PageDocument &document, QPagedPaintDevice &device,
-             double pageWidth);
+    /// Reads all rows once, in their order.
+    PageGrid(const PageTable &table, const PageFont &font, const PageFont &boldFont,
+             const std::function<void()> &rowDone);
 
-    const PageTable &table() const { return m_table; }
+    /// What the columns would take if nothing were wrapped or made smaller, save for long notes.
+    double naturalWidth() const { return total(Sensible); }
+    /// Gives the columns their places on a paper of this width: each has what the others do not need; where
+    /// that is too little, letters become smaller down to a readable size, then texts are wrapped.
+    void fit(double pageWidth);
+
     const PageFont &font() const { return m_font; }
     const PageFont &boldFont() const { return m_boldFont; }
     const std::vector<Cell> &cells() const { return m_cells; }
-    /// What the columns would take if nothing were cut or made smaller.
-    double naturalWidth() const { return m_naturalWidth; }
+    /// No lines without headings.
+    const PageRow &headings() const { return m_headings; }
+    PageRow row(int row) const;
+    /// Below a row, so that it stands apart from the next.
+    double rowGap() const { return m_rowGap; }
 
 private:
-    void fit(double pageWidth);
-    void setScale(double scale);
-    double narrowTexts(double excess, double least);
+    enum Step { Narrowest, Words, Sensible, Natural };
 
-    const PageTable &m_table;
-    QPagedPaintDevice &m_device;
-    QString m_family;
-    double m_points;
+    double gaps() const;
+    double total(Step step) const;
+    void measureCells(const std::function<void()> &rowDone);
+    double fittingScale(double pageWidth) const;
+    void spread(double room);
+    QStringList labelLines(int row) const;
+
+    const TableSource &m_list;
+    const RowForm &m_form;
+    PageFont m_documentFont, m_documentBoldFont;
     PageFont m_font, m_boldFont;
     std::vector<Cell> m_cells;
-    double m_naturalWidth = 0;
+    PageRow m_headings;
+    double m_pageWidth = 0, m_rowGap = 0;
 };
-
-/// A value as it is printed: in one line, "-" when there is none.
-QString printedValue(const TableSource &list, int row, int column);

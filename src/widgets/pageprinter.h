@@ -1,13 +1,13 @@
 #pragma once
 
 #include "data/progress.h"
-#include "lists/pagedocument.h"
 
 #include <QPageLayout>
 
 #include <climits>
 
 class QPagedPaintDevice;
+class QPainter;
 
 /// Pages to paint, counted from 1.
 struct PageRange
@@ -16,31 +16,30 @@ struct PageRange
     int last = INT_MAX;
 };
 
-/// Lays a document out for the paper of a printer, a PDF or a preview, and paints it page by page: memory
-/// does not grow with the number of pages. A list's columns are as wide as their values need; when the paper
-/// is too narrow, long texts are cut off with an ellipsis first, then the letters become smaller; amounts and
-/// dates stay whole.
-class PagePrinter
+/// Pages, whatever is on them. They are painted one by one, on any device.
+class Pages
 {
 public:
-    PagePrinter(const PageDocument &document, QPagedPaintDevice &device);
-    ~PagePrinter();
-    Q_DISABLE_COPY_MOVE(PagePrinter)
-
-    /// Landscape if a list is wider than the paper held upright.
-    static QPageLayout::Orientation fittingOrientation(const PageDocument &document,
-                                                       QPagedPaintDevice &device);
-    int pageCount();
-    /// `progress` may be null. Throws Error: of Kind::File when the device fails, of Kind::Data when the
-    /// paper has no room for a row.
-    void paint(const PageRange &range, Progress *progress);
-
-private:
-    struct Layout;
-    std::unique_ptr<Layout> m_layout;
-    QPagedPaintDevice &m_device;
-    int m_pageCount = 0;
+    virtual ~Pages() = default;
+    /// Of the print job.
+    virtual QString name() const = 0;
+    /// Before all that follows. `progress` may be null. Throws Error::Kind::Data when the paper has no room
+    /// for the pages.
+    virtual void layOut(const QPageLayout &paper, Progress *progress) = 0;
+    /// At least 1.
+    virtual int count() const = 0;
+    /// The painter's unit is the twip; its origin is the upper left corner of what the paper's margins leave.
+    virtual void paint(QPainter &painter, int page) = 0;
 };
 
-/// Writes the document as a PDF file, replacing an older one only when it is complete. Throws Error.
-void savePdf(const QString &path, const PageDocument &document, const QPageLayout &paper, Progress *progress);
+/// The one way of pages to a printer, a preview or a file; memory does not grow with their number. `progress`
+/// may be null; it counts pages.
+namespace pageprinter {
+
+/// Lays the pages out for the device's paper and paints them. Throws Error: of Kind::File when the device
+/// fails, besides what Pages throw.
+void paint(Pages &pages, QPagedPaintDevice &device, const PageRange &range, Progress *progress);
+/// Writes all pages as a PDF file, replacing an older one only when it is complete. Throws Error.
+void savePdf(const QString &path, Pages &pages, const QPageLayout &paper, Progress *progress);
+
+} // namespace pageprinter

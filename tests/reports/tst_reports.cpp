@@ -7,8 +7,8 @@
 #include "settings/settings.h"
 #include "support/boxes.h"
 #include "support/testprogram.h"
+#include "widgets/documentpages.h"
 #include "widgets/listview.h"
-#include "widgets/pageprinter.h"
 
 #include <QBuffer>
 #include <QDesktopServices>
@@ -16,10 +16,10 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLabel>
-#include <QPdfWriter>
 #include <QPrintPreviewWidget>
 #include <QProcess>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -89,10 +89,10 @@ QList<QStringList> numbered(int count)
     return lines;
 }
 
-QString pdfText(const QString &path)
+QString pdfText(const QString &path, const QString &form = u"-layout"_s)
 {
     QProcess process;
-    process.start(u"pdftotext"_s, {u"-layout"_s, u"-enc"_s, u"UTF-8"_s, path, u"-"_s});
+    process.start(u"pdftotext"_s, {form, u"-enc"_s, u"UTF-8"_s, path, u"-"_s});
     return process.waitForFinished() ? QString::fromUtf8(process.readAllStandardOutput()) : QString();
 }
 
@@ -102,13 +102,20 @@ QPageLayout paper(QPageLayout::Orientation orientation = QPageLayout::Portrait)
                        QPageLayout::Millimeter);
 }
 
+void save(const QString &path, const PageDocument &document,
+          QPageLayout::Orientation orientation = QPageLayout::Portrait)
+{
+    DocumentPages pages(document);
+    pageprinter::savePdf(path, pages, paper(orientation), nullptr);
+}
+
 /// What a PDF of the document shows, page by page: lines with single blanks, without empty ones; a rule is
 /// "RULE", with its length if it is not the width of the page.
 QStringList pdfPages(const PageDocument &document)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"p.pdf"_s);
-    savePdf(path, document, paper(), nullptr);
+    save(path, document);
     QStringList pages;
     for (const QString &page : pdfText(path).split(u'\f', Qt::SkipEmptyParts)) {
         QStringList lines;
@@ -122,6 +129,65 @@ QStringList pdfPages(const PageDocument &document)
     }
     return pages;
 }
+
+/// The words of a PDF where they stand.
+struct PlacedWord
+{
+    QString text;
+    QRectF place;
+};
+
+std::vector<PlacedWord> placedWords(const QString &path)
+{
+    static const QRegularExpression word(
+        u"<word xMin=\"(.*?)\" yMin=\"(.*?)\" xMax=\"(.*?)\" yMax=\"(.*?)\">(.*?)</word>"_s);
+    std::vector<PlacedWord> words;
+    for (const auto &match : word.globalMatch(pdfText(path, u"-bbox"_s))) {
+        const auto edge = [&](int i) { return match.captured(i).toDouble(); };
+        words.push_back({match.captured(5), QRectF(QPointF(edge(1), edge(2)), QPointF(edge(3), edge(4)))});
+    }
+    return words;
+}
+
+/// The words that lie beyond the margins or over another.
+QString misplaced(const std::vector<PlacedWord> &words, const QPageLayout &layout)
+{
+    const QRectF sheet = layout.paintRect(QPageLayout::Point).adjusted(-1, -1, 1, 1);
+    QString texts;
+    for (auto word = words.begin(); word != words.end(); ++word) {
+        const bool isCovered = std::any_of(words.begin(), word, [&](const PlacedWord &other) {
+            const QRectF common = word->place & other.place;
+            return common.width() >= 1 && common.height() >= 2;
+        });
+        if (isCovered || !sheet.contains(word->place))
+            texts += word->text + u'\n';
+    }
+    return texts;
+}
+
+/// Counts how often a list is read from its beginning; each time must go through the rows in their order.
+class WatchedTable : public TableSource
+{
+public:
+    explicit WatchedTable(std::shared_ptr<const TableSource> list) : m_list(std::move(list)) {}
+    int columnCount() const override { return m_list->columnCount(); }
+    int rowCount() const override { return m_list->rowCount(); }
+    QString heading(int column) const override { return m_list->heading(column); }
+    CellKind kind(int column) const override { return m_list->kind(column); }
+    QString cell(int row, int column) const override
+    {
+        if (row < m_last)
+            starts << row;
+        m_last = row;
+        return m_list->cell(row, column);
+    }
+
+    mutable QList<int> starts; ///< rows that were read after a later one
+
+private:
+    std::shared_ptr<const TableSource> m_list;
+    mutable int m_last = INT_MAX;
+};
 
 /// While it lives, files cannot grow beyond some kilobytes, as on a disk that is nearly full.
 class FullDisk
@@ -176,7 +242,12 @@ private Q_SLOTS:
     void pages();
     void otherPages();
     void longLinesAreWrapped();
-    void wideListsKeepTheirAmounts();
+    void printedListsSayAllOfTheirValues();
+    void headingsStandOnEveryPageOfALongNote_data();
+    void headingsStandOnEveryPageOfALongNote();
+    void aLabelIsNotPartedFromItsValue();
+    void pagesNeedNoHeaderAndNoFooter();
+    void printingReadsAListThreeTimesInOrder();
     void screenSavesWhatItShows();
     void failuresAreTold();
     void printingScreen();
@@ -308,7 +379,7 @@ void tst_reports::aFailedWriteKeepsTheOlderFile()
         else if (name == u"r.html")
             reporttext::saveHtml(path, report, nullptr);
         else
-            savePdf(path, modimpressao::document(report), paper(), nullptr);
+            save(path, modimpressao::document(report));
     } catch (const Error &failure) {
         error = failure.text();
     }
@@ -383,27 +454,155 @@ void tst_reports::longLinesAreWrapped()
     QVERIFY(text.contains(u"w fim "_s));
 }
 
-void tst_reports::wideListsKeepTheirAmounts()
+void tst_reports::printedListsSayAllOfTheirValues()
 {
-    QStringList titles{u"Valor"_s}, line{u"R$ 123.456.789,00"_s};
-    for (int i = 1; i <= 12; ++i) {
+    QStringList titles{u"Valor"_s, u"E-mail"_s, u"Observações gerais"_s}, words;
+    QList<QStringList> lines;
+    for (int i = 1; i <= 10; ++i)
         titles << u"Coluna %1"_s.arg(i);
-        line << u"texto bastante comprido %1"_s.arg(i);
+    lines << titles;
+    for (int row = 1; row <= 9; ++row) {
+        lines << QStringList{u"R$ %1.456.789,00"_s.arg(row),
+                             u"maria.aparecida.%1@correio.example"_s.arg(row)};
+        for (int i = 2; i < titles.size(); ++i) {
+            const QStringList value{u"r%1c%2a"_s.arg(row).arg(i), u"r%1c%2b"_s.arg(row).arg(i),
+                                    u"comprida%1c%2"_s.arg(row).arg(i)};
+            lines.last() << value.join(u' ');
+            words << value;
+        }
+        words << lines.last().first(2).join(u' ').split(u' ').sliced(1);
     }
+    lines.last().last() = QString(150, u'w');
+    words.removeIf([](const QString &word) { return word.contains(u"9c12"); });
     Report report = sample();
-    report.tables = {table({titles, line})};
+    report.tables = {table(lines)};
     const PageDocument document = modimpressao::document(report);
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&buffer);
-    QCOMPARE(PagePrinter::fittingOrientation(document, writer), QPageLayout::Landscape);
-    QCOMPARE(PagePrinter::fittingOrientation(modimpressao::document(sample()), writer),
+    QCOMPARE(DocumentPages(document).fittingOrientation(paper()), QPageLayout::Landscape);
+    QCOMPARE(DocumentPages(modimpressao::document(sample())).fittingOrientation(paper()),
              QPageLayout::Portrait);
-    const QString text = pdfPages(document).join(u'\n');
-    QVERIFY2(text.contains(u"R$ 123.456.789,00 texto"_s) && text.contains(u'…'), qPrintable(text));
 
-    writer.setPageSize(QPageSize(QSizeF(30, 20), QPageSize::Millimeter));
-    QVERIFY_THROWS_EXCEPTION(Error, PagePrinter(document, writer).pageCount());
+    QString characters; // words are broken only on the narrower paper
+    for (const auto orientation : {QPageLayout::Landscape, QPageLayout::Portrait}) {
+        const QString path = m_program->file(u"p.pdf"_s);
+        save(path, document, orientation);
+        QStringList printed;
+        const std::vector<PlacedWord> placed = placedWords(path);
+        QCOMPARE(misplaced(placed, paper(orientation)), QString());
+        for (const PlacedWord &word : placed)
+            printed << word.text;
+        for (const QString &word : words) {
+            QVERIFY2(orientation == QPageLayout::Portrait || printed.contains(word), qPrintable(word));
+            QVERIFY2(!word.endsWith(u",00"_s) || printed.contains(word), qPrintable(word));
+        }
+        QString all = printed.join(QString());
+        QVERIFY(!all.contains(u'…'));
+        std::ranges::sort(all.remove(u'_'));
+        QCOMPARE(all.count(u'w'), 150);
+        QCOMPARE(characters.isEmpty() ? all : characters, all);
+        characters = all;
+    }
+
+    const QStringList amounts(40, u"R$ 123.456.789,00"_s);
+    report.tables = {table({QStringList(40, u"Valor"_s), amounts})};
+    const QString path = m_program->file(u"p.pdf"_s);
+    save(path, modimpressao::document(report));
+    QCOMPARE(misplaced(placedWords(path), paper()), QString());
+    QCOMPARE(pdfText(path).count(amounts[0]), 40);
+
+    DocumentPages pages(document);
+    const QPageLayout slip(QPageSize(QSizeF(30, 20), QPageSize::Millimeter), QPageLayout::Portrait, {});
+    QVERIFY_THROWS_EXCEPTION(Error, pages.layOut(slip, nullptr));
+}
+
+void tst_reports::headingsStandOnEveryPageOfALongNote_data()
+{
+    QTest::addColumn<bool>("below");
+    QTest::addColumn<bool>("first");
+    QTest::newRow("in its cell") << false << false;
+    QTest::newRow("below the row") << true << false;
+    QTest::newRow("in the first row of the list") << true << true;
+}
+
+/// The note, or its list, begins at every place of a page.
+void tst_reports::headingsStandOnEveryPageOfALongNote()
+{
+    QFETCH(bool, below);
+    QFETCH(bool, first);
+    QStringList words;
+    for (int i = 1; i <= 900; ++i)
+        words << u"palavra%1"_s.arg(i);
+    for (int before = 0; before < 45; before += first ? 1 : 3) {
+        QList<QStringList> lines{{u"Data"_s, u"Descrição"_s, u"Documento"_s, u"Informações"_s}};
+        for (int i = 1; i <= before && !first; ++i)
+            lines << QStringList{u"22/11/2026"_s, u"Item"_s, u"NF"_s, u"curta"_s};
+        lines << QStringList{u"22/11/2026"_s, u"Item"_s, u"longo"_s, words.join(u' ')};
+        Report report = sample();
+        report.filterText = first ? u"filtro\n"_s.repeated(before) : QString();
+        report.tables = {table(lines)};
+        const auto setup = below ? modimpressao::listPages(modimpressao::ListKind::ByDate, *report.tables[0])
+                                 : modimpressao::PageSetup();
+        const QStringList pages = pdfPages(modimpressao::document(report, setup));
+        QString note;
+        for (const QString &page : pages) {
+            const QString headings =
+                below ? u"\nDATA DESCRIÇÃO DOC. CLI/FORN\n"_s : u"\nData Descrição Documento Informações\n"_s;
+            const qsizetype list = page.indexOf(headings);
+            QVERIFY2(list > 0 || !page.contains(u"palavra"), qPrintable(page));
+            if (list > 0) {
+                QVERIFY2(page.sliced(list + headings.size()).count(u'\n') > 0, qPrintable(page));
+                note += u'\n' + page.sliced(list + headings.size());
+            }
+        }
+        QVERIFY2(!below || note.contains(u"\nInformações: palavra1 palavra2 "), qPrintable(note));
+        QStringList printed = note.split(QRegularExpression(u"\\s"_s)).filter(u"palavra"_s);
+        QCOMPARE(printed, words);
+    }
+}
+
+void tst_reports::aLabelIsNotPartedFromItsValue()
+{
+    constexpr int rows = 160;
+    QList<QStringList> lines{{u"Data"_s, u"Conta"_s, u"Valor"_s, u"Produto"_s, u"Informações"_s}};
+    for (int i = 0; i < rows; ++i)
+        lines << QStringList{u"22/11/2026"_s, QString(i + 1, u'm'), u"R$ 1.234,56"_s, u"um produto"_s,
+                             u"nota longa "_s.repeated(15)};
+    Report report = sample();
+    report.tables = {table(lines)};
+    modimpressao::PageSetup setup =
+        modimpressao::listPages(modimpressao::ListKind::ByDate, *report.tables[0]);
+    for (const bool share : {true, false}) {
+        setup.rows.labelsShareLine = share;
+        const QString text = pdfPages(modimpressao::document(report, setup)).join(u'\n');
+        for (const QString &pair :
+             {u"Conta: m"_s, u"Valor: R$ 1.234,56"_s, u"Produto: um produto"_s, u"Informações: nota longa"_s})
+            QCOMPARE(text.count(pair), rows);
+    }
+}
+
+void tst_reports::pagesNeedNoHeaderAndNoFooter()
+{
+    PageDocument document{.blocks = {PageText{.text = u"um"_s}, PageTable{longTable()}}};
+    QStringList pages = pdfPages(document);
+    QCOMPARE(pages.size(), 3);
+    QVERIFY2(pages[0].startsWith(u"um\nRULE\nData "), qPrintable(pages[0]));
+    QVERIFY2(pages[2].endsWith(u"\n22/11/2026 Item 120 - R$ 120,00"), qPrintable(pages[2]));
+
+    document.header = {u"cabeçalho "_s.repeated(30)};
+    document.footer = [](int page, int) { return u"rodapé "_s.repeated(40) + QString::number(page); };
+    pages = pdfPages(document);
+    QCOMPARE(pages[1].count(u"cabeçalho"_s), 30);
+    QVERIFY2(pages[1].endsWith(u"rodapé 2"), qPrintable(pages[1]));
+}
+
+void tst_reports::printingReadsAListThreeTimesInOrder()
+{
+    const auto list = std::make_shared<WatchedTable>(longTable());
+    Report report = sample();
+    report.tables = {list};
+    DocumentPages pages(modimpressao::document(report));
+    pages.layOut(paper(pages.fittingOrientation(paper())), nullptr);
+    pageprinter::savePdf(m_program->file(u"p.pdf"_s), pages, paper(), nullptr);
+    QCOMPARE(list->starts, (QList<int>{0, 0, 0}));
 }
 
 void tst_reports::screenSavesWhatItShows()
