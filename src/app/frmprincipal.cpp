@@ -260,6 +260,7 @@ void frmPrincipal::dataChanged(const Change &change)
     if (!ownCommand && !settings::isOn(settings::refreshMainWindow)) {
         if (pane)
             pane->skip();
+        m_accounts->skip();
         return;
     }
     if (!ownCommand)

@@ -63,7 +63,7 @@ private:
     AccountPane *m_accounts;
     QLabel *m_welcome;
     bool m_layoutShown = false; ///< the saved column layout was applied, so what is shown may replace it
-    QTimer m_loadNext, m_tryAgain;
+    QTimer m_loadNext{this}, m_tryAgain{this};
     QSet<ListPane *> m_unread;     ///< their turn comes
     bool m_balancesWanted = false; ///< once the lists are read
     bool m_loadingNext = false;

@@ -77,9 +77,10 @@ bool AccountPane::refresh()
              .run = [load](const QDeadlineTimer &until) { return load->run(until); },
              .interrupted = {},
              .done =
-                 [this, load] {
+                 [this, load, mode] {
                      m_serial = load->serial();
                      m_dataVersion = load->dataVersion();
+                     m_isCurrent = mode == BalanceMode::Recompute;
                      show(load->takeBalances());
                  },
              .failed =
@@ -104,7 +105,8 @@ void AccountPane::follow(const Change &change)
     const auto mode = accounts::balanceMode(settings::value(settings::updateBalances));
     messages::guarded(window(), messages::generalPrefix, [&] {
         const std::shared_ptr<Connection> database = openDatabase();
-        const bool known = movesMoney && !m_work.isRunning() && mode == BalanceMode::Recompute &&
+        m_isCurrent &= mode == BalanceMode::Recompute;
+        const bool known = movesMoney && !m_work.isRunning() && m_isCurrent &&
                            database->serial() == m_serial && database->dataVersion() == m_dataVersion;
         std::vector<AccountBalance> followed = m_shown;
         if (known && accounts::follow(followed, change))

@@ -29,6 +29,8 @@ public:
     bool refresh();
     /// Follows a change of entries or movements without reading them all, or refreshes.
     void follow(const Change &change);
+    /// The balances miss a change: the next follow() computes them anew.
+    void skip() { m_isCurrent = false; }
     bool isCommanding() const { return m_isCommanding; }
 
     QAction *addCommand, *editCommand, *removeCommand;
@@ -48,6 +50,7 @@ private:
     std::vector<AccountBalance> m_shown; ///< what the list shows
     quint64 m_serial = 0;                ///< of the file that it was computed from
     quint64 m_dataVersion = 0;
-    SlicedWork m_work; ///< computes balances
+    bool m_isCurrent = false; ///< computed from all that was written until then
+    SlicedWork m_work;        ///< computes balances
     bool m_isCommanding = false;
 };
