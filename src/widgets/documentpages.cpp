@@ -25,15 +25,6 @@ QSizeF room(const QPageLayout &paper)
     return paper.paintRect(QPageLayout::Point).size() * twips::inPoint;
 }
 
-QStringList wrappedLines(QString text, const PageFont &font, double width)
-{
-    text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
-    QStringList lines;
-    for (const QString &line : text.split(u'\n'))
-        lines << font.wrapped(line, width);
-    return lines;
-}
-
 } // namespace
 
 /// Sets one page from a position on: paints it, or only finds where the next one begins.
@@ -134,7 +125,7 @@ bool DocumentPages::Setter::operator()(const PageText &block)
 {
     const int points = block.size > 0 ? block.size : m_pages.m_document.fontSize;
     const PageFont &font = m_pages.font(points * twips::inPoint, block.bold);
-    const QStringList lines = wrappedLines(block.text, font, m_width);
+    const QStringList &lines = m_pages.lines(block, font);
     for (; m_at.line < lines.size(); ++m_at.line) {
         if (!hasRoom(font.lineSpacing()))
             return false;
@@ -274,6 +265,19 @@ const PageFont &DocumentPages::font(double size, bool bold) const
                : m_otherFonts.emplace(key, (bold ? m_boldFont : m_font).resized(size)).first->second;
 }
 
+const QStringList &DocumentPages::lines(const PageText &text, const PageFont &font) const
+{
+    if (m_lastText != &text) {
+        QString breaks = text.text;
+        breaks.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+        m_lastLines.clear();
+        for (const QString &line : breaks.split(u'\n'))
+            m_lastLines << font.wrapped(line, m_size.width());
+        m_lastText = &text;
+    }
+    return m_lastLines;
+}
+
 QPageLayout::Orientation DocumentPages::fittingOrientation(QPageLayout paper) const
 {
     paper.setOrientation(QPageLayout::Portrait);
@@ -288,6 +292,7 @@ void DocumentPages::layOut(const QPageLayout &paper, Progress *progress)
     if (!m_starts.empty() && m_size == room(paper))
         return;
     m_starts.clear();
+    m_lastText = nullptr;
     m_size = room(paper);
     m_headerLines.clear();
     for (const QString &line : m_document.header)

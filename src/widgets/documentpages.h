@@ -39,6 +39,8 @@ private:
 
     /// The document's letters in a size in twips; stands as long as this object.
     const PageFont &font(double size, bool bold = false) const;
+    /// The lines of a text, kept until another one is asked for: a long text goes over many pages.
+    const QStringList &lines(const PageText &text, const PageFont &font) const;
     qint64 rowCount() const;
 
     PageDocument m_document;
@@ -47,5 +49,7 @@ private:
     std::map<const PageTable *, PageGrid> m_grids;
     QSizeF m_size; ///< of the paper within its margins, in twips
     QStringList m_headerLines;
+    mutable const PageText *m_lastText = nullptr;
+    mutable QStringList m_lastLines;
     std::vector<Position> m_starts;
 };
