@@ -550,13 +550,15 @@ void TestConnection::opensInTheStoresOwnShell()
     shell.write(u"PRAGMA key = '%1';"_s.arg(password()).toUtf8());
     shell.write("PRAGMA cipher_page_size = 4096; PRAGMA kdf_iter = 64000;"
                 "PRAGMA cipher_hmac_algorithm = HMAC_SHA1; PRAGMA cipher_kdf_algorithm = PBKDF2_HMAC_SHA1;"
-                "PRAGMA integrity_check; UPDATE pagar SET origem = 'Casa' WHERE código < 3;"
+                "UPDATE pagar SET origem = 'Casa', vencimento = '14/11/2026' WHERE código < 3;"
+                "PRAGMA integrity_check;"
                 "SELECT código, valor FROM pagar WHERE origem = 'casa' ORDER BY código;");
     shell.closeWriteChannel();
     QVERIFY(shell.waitForFinished());
     QCOMPARE(QString::fromUtf8(shell.readAllStandardError()), QString());
     QCOMPARE(QString::fromUtf8(shell.readAllStandardOutput()), u"ok\n1|1.000,00\n2|1.000,00\n"_s);
-    QCOMPARE(program.rows(u"select código from pagar where origem like 'CASA'"_s), u"1\n2\n"_s);
+    for (const QString &condition : {u"origem like 'CASA'"_s, u"vencimento like '%2026/11/%'"_s})
+        QCOMPARE(program.rows(u"select código from pagar where "_s + condition), u"1\n2\n"_s);
 }
 
 QTEST_GUILESS_MAIN(TestConnection)
