@@ -84,7 +84,26 @@ QString empty()
 QString grown(qint64 entries)
 {
     return made(u"grown-%1"_s.arg(entries), [entries](Connection &connection) {
-        fillDemo(connection, {.entries = entries, .movements = 0, .seed = 1, .today = QDate(2026, 6, 30)});
+        fillDemo(connection, {.entries = entries,
+                              .movements = entries / 10,
+                              .accounts = 20,
+                              .seed = 1,
+                              .today = QDate(2026, 6, 30)});
+    });
+}
+
+QString manyPayables()
+{
+    return made(u"payables"_s, [](Connection &connection) {
+        Transaction transaction(connection);
+        schema::dropIndexes(connection);
+        run(connection,
+            u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 1000000) "
+            "INSERT INTO pagar (estatus, origem, fornecedor, data, vencimento, descricao, valor, moeda, "
+            "produto, qtde) SELECT 'Pendente', 'Caixa', 'Fornecedor', '2026/06/01', '2026/06/30', "
+            "'Aluguel', '1.234,56', 'R$', '-', '' FROM n"_s);
+        schema::createIndexes(connection);
+        transaction.commit();
     });
 }
 

@@ -15,8 +15,10 @@ inline constexpr QStringView centre = u"Centro medido";
 QString large();
 /// The delivered, empty database.
 QString empty();
-/// As many payables and receivables together as `entries`.
+/// As many payables and receivables together as `entries`, and a tenth as many movements; 20 accounts.
 QString grown(qint64 entries);
+/// A million payables of this month, otherwise empty.
+QString manyPayables();
 /// 200,000 payables spread over 50 centres.
 QString centres();
 /// A copy of a folder, to be written to; replaced when there is one.

@@ -9,6 +9,8 @@ void measureAccounts(Table &table);
 void measureOpening(Table &table);
 /// From the start of a process to a window that answers.
 void measureStart(Table &table);
+/// Filters, headings and writes, until the whole main window shows them.
+void measureWindow(Table &table);
 void measureSaving(Table &table);
 void measureReports(Table &table);
 /// The summary of all centres.
@@ -17,4 +19,6 @@ void measureGrowth(Table &table);
 
 /// Tasks of a process of their own: start the program until its window answers; make a PDF of all payables.
 void startOnly(const QString &folder);
+/// The same until every list, total and balance is there.
+void startCompletely(const QString &folder);
 void printOnly(const QString &folder);

@@ -16,8 +16,14 @@ public:
         fill();
     }
 
-    /// What the list has changed is painted once.
-    void paint() { QCoreApplication::processEvents(); }
+    using EntryPane::query;
+
+    /// What was asked for is read to the end and painted once.
+    void paint()
+    {
+        feed().finish();
+        QCoreApplication::processEvents();
+    }
     void fill()
     {
         reload();

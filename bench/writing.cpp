@@ -7,7 +7,6 @@
 #include "entries/entrylist.h"
 #include "entries/installments.h"
 #include "floor.h"
-#include "lists/storedtable.h"
 #include "measures.h"
 #include "process.h"
 #include "reports/modimpressao.h"
@@ -16,11 +15,13 @@
 #include "stock/stock.h"
 #include "table.h"
 #include "widgets/documentpages.h"
+#include "widgets/tablemodel.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <cstdio>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -82,10 +83,19 @@ QString payablesQuery()
 /// The list of all payables, read from the database.
 Report payablesReport()
 {
-    EntryList list = entrylist::load(*openDatabase(), payable(), payablesQuery(), nullptr);
+    KeyedList list(entrylist::columns(payable()), std::make_unique<EntryTotals>(),
+                   [] { return openDatabase(); });
+    ListLoad load(openDatabase(), ListQuery(payablesQuery()), list.noTotals());
+    load.run(QDeadlineTimer(QDeadlineTimer::Forever));
+    list.take(load);
+    TableModel model;
+    model.setColumns(list.columns());
+    model.showKeyed(&list.rows());
+    std::vector<int> columns(list.columns().size());
+    std::iota(columns.begin(), columns.end(), 0);
     Report report;
     report.title = u"Contas a pagar"_s;
-    report.tables = {std::make_shared<StoredTable>(entrylist::columns(payable()), std::move(list.rows))};
+    report.tables = {model.snapshot(columns)};
     return report;
 }
 

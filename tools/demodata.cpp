@@ -6,6 +6,7 @@
 
 #include "data/connection.h"
 #include "data/dates.h"
+#include "data/schema.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -75,6 +76,7 @@ void fillDemo(Connection &connection, const DemoOptions &options)
     const DemoContacts suppliers(DemoContacts::Kind::Suppliers, options.contacts - clients.count());
 
     Transaction transaction(connection);
+    schema::dropIndexes(connection);
     writeAccounts(connection, options.accounts);
     writeCentres(connection, "pcontapagar"_ba, demoshop::costCentres());
     writeCentres(connection, "pcontareceber"_ba, demoshop::profitCentres());
@@ -86,5 +88,6 @@ void fillDemo(Connection &connection, const DemoOptions &options)
     entries.writeMovements();
     writeProducts(connection, random, entries.stockChange());
     writeAppointments(connection, random, options.today);
+    schema::createIndexes(connection);
     transaction.commit();
 }

@@ -32,6 +32,8 @@ public:
     /// The balances miss a change: the next follow() computes them anew.
     void skip() { m_isCurrent = false; }
     bool isCommanding() const { return m_isCommanding; }
+    /// While balances are computed.
+    bool isLoading() const { return m_work.isRunning(); }
 
     QAction *addCommand, *editCommand, *removeCommand;
 

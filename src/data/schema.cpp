@@ -109,9 +109,10 @@ std::vector<Index> indexes()
     std::vector<Index> all;
     for (const auto &[table, contact] :
          {std::pair(u"pagar"_s, u"fornecedor"_s), {u"receber"_s, u"cliente"_s}}) {
-        for (const QString &column : {u"vencimento"_s, u"data"_s})
+        for (const auto &[column, other] :
+             {std::pair(u"vencimento"_s, u"data"_s), {u"data"_s, u"vencimento"_s}})
             all.push_back({table + u"_por_"_s + column, table,
-                           date(column) + u", código, "_s + column + u", estatus, valor, qtde"_s});
+                           date(column) + u", código, "_s + column + u", estatus, valor, qtde, "_s + other});
         for (const QString &column : {u"origem"_s, contact, u"descricao"_s})
             all.push_back(
                 {table + u"_por_"_s + column, table, column + u", estatus, valor, qtde, data, vencimento"_s});
@@ -144,14 +145,6 @@ QStringList indexNames(Connection &connection)
     return names;
 }
 
-void createIndexes(Connection &connection, const QStringList &existing)
-{
-    for (const Index &index : indexes())
-        if (!existing.contains(index.name))
-            connection.executeNative(
-                u"CREATE INDEX %1 ON %2 (%3)"_s.arg(index.name, index.table, index.columns).toUtf8());
-}
-
 constexpr char firstRows[] = R"(
 INSERT INTO login_inicia VALUES ('0');
 INSERT INTO fpagamento VALUES ('Dinheiro'), ('Pix'), ('Cartão de débito'), ('Cartão de crédito'),
@@ -171,13 +164,28 @@ QString tables()
 
 namespace schema {
 
+void createIndexes(Connection &connection)
+{
+    const QStringList existing = indexNames(connection);
+    for (const Index &index : indexes())
+        if (!existing.contains(index.name))
+            connection.executeNative(
+                u"CREATE INDEX %1 ON %2 (%3)"_s.arg(index.name, index.table, index.columns).toUtf8());
+}
+
+void dropIndexes(Connection &connection)
+{
+    for (const Index &index : indexes())
+        connection.executeNative("DROP INDEX IF EXISTS " + index.name.toUtf8());
+}
+
 void createFile(const QString &path)
 {
     std::unique_ptr<Connection> connection = Connection::create(path, password.toString());
     try {
         Transaction transaction(*connection);
         connection->executeNative(tables().toUtf8() + firstRows);
-        createIndexes(*connection, {});
+        createIndexes(*connection);
         transaction.commit();
     } catch (const Error &) {
         connection.reset();
@@ -210,7 +218,7 @@ bool upgrade(Connection &connection)
         Transaction transaction(connection);
         for (const QString &name : formerIndexes)
             connection.executeNative("DROP INDEX IF EXISTS " + name.toUtf8());
-        createIndexes(connection, existing);
+        createIndexes(connection);
         transaction.commit();
     } catch (const Error &) {
         done = false;

@@ -4,6 +4,8 @@
 #include "settings/inifile.h"
 #include "settings/programfolder.h"
 
+#include <QFileInfo>
+
 #include <cmath>
 #include <numeric>
 #include <optional>
@@ -84,7 +86,8 @@ ListLayout load(const ListLayoutFile &file)
 void save(const ListLayoutFile &file, const ListLayout &layout)
 {
     const ListLayout stored = load(file);
-    if (stored.widths == layout.widths && stored.positions == layout.positions)
+    const bool same = stored.widths == layout.widths && stored.positions == layout.positions;
+    if (same && QFileInfo::exists(programfolder::file(file.fileName)))
         return;
     IniFile ini(programfolder::file(file.fileName));
     for (std::size_t i = 0; i < file.columns.size(); ++i)
