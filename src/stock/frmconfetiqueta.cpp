@@ -1,18 +1,16 @@
 #include "stock/frmconfetiqueta.h"
 #include "ui_frmconfetiqueta.h"
 
-#include "reports/exportcommands.h"
 #include "settings/database.h"
+#include "stock/labelcommands.h"
 #include "widgets/background.h"
 #include "widgets/boxes.h"
 #include "widgets/formkeys.h"
 #include "widgets/messages.h"
-#include "widgets/pagefont.h"
-#include "widgets/pageprinter.h"
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
-#include <QPainter>
+#include <QPageLayout>
 #include <QPrintPreviewWidget>
 
 #include <limits>
@@ -24,69 +22,7 @@ namespace {
 enum FieldColumn { Source, Top, Left, Width, Format };
 
 constexpr int allPages = std::numeric_limits<int>::max();
-constexpr double letterPoints = 9;
 const QString title = u"Etiquetas"_s;
-
-/// From edge to edge: the labels' own places keep clear of what printers cannot reach.
-QPageLayout wholePaper()
-{
-    QPageLayout paper(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF());
-    paper.setMode(QPageLayout::FullPageMode);
-    return paper;
-}
-
-QRectF onPaper(double left, double top, double width, double height)
-{
-    return QRectF(left * twips::inMillimetre, top * twips::inMillimetre, width * twips::inMillimetre,
-                  height * twips::inMillimetre);
-}
-
-/// Sheets of labels.
-class LabelPages : public Pages
-{
-public:
-    /// `showEdges` is for the screen alone.
-    LabelPages(std::vector<std::vector<LabelText>> pages, bool showEdges)
-        : m_pages(std::move(pages)),
-          m_showEdges(showEdges),
-          m_font(QFont().family(), letterPoints, false),
-          m_boldFont(QFont().family(), letterPoints, true)
-    {
-        if (m_pages.empty())
-            m_pages.emplace_back();
-    }
-    QString name() const override { return title; }
-    void layOut(const QPageLayout &, Progress *) override {}
-    int count() const override { return int(m_pages.size()); }
-    void paint(QPainter &painter, int page) override
-    {
-        if (m_showEdges)
-            paintEdges(painter);
-        for (const LabelText &label : m_pages[std::size_t(page) - 1]) {
-            const QFont font = (label.bold ? m_boldFont : m_font).font();
-            painter.setFont(font);
-            const QRectF place = onPaper(label.left, label.top, label.width, labelsheet::labelHeight);
-            painter.drawText(place, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
-                             QFontMetricsF(font).elidedText(label.text, Qt::ElideRight, place.width()));
-        }
-    }
-
-private:
-    static void paintEdges(QPainter &painter)
-    {
-        painter.save();
-        painter.setPen(QPen(Qt::lightGray, 0, Qt::DotLine));
-        for (int place = 0; place < labelsheet::labelsPerPage; ++place)
-            painter.drawRect(onPaper(place % labelsheet::columns * labelsheet::labelWidth,
-                                     place / labelsheet::columns * labelsheet::labelHeight,
-                                     labelsheet::labelWidth, labelsheet::labelHeight));
-        painter.restore();
-    }
-
-    std::vector<std::vector<LabelText>> m_pages;
-    bool m_showEdges;
-    PageFont m_font, m_boldFont;
-};
 
 } // namespace
 
@@ -102,7 +38,7 @@ frmConfEtiqueta::frmConfEtiqueta(const QString &query, QWidget *parent)
     formkeys::modalOverDialog(this);
     m_ui->corpo->addWidget(m_preview, 1);
     m_preview->fitInView();
-    m_previewPrinter.setPageLayout(wholePaper());
+    m_previewPrinter.setPageLayout(labelcommands::paper());
     m_ui->spninicio->setMaximum(labelsheet::labelsPerPage);
 
     connect(m_preview, &QPrintPreviewWidget::paintRequested, this, &frmConfEtiqueta::paintPreview);
@@ -207,25 +143,15 @@ void frmConfEtiqueta::removeField()
     fieldsEdited();
 }
 
-std::vector<std::vector<LabelText>> frmConfEtiqueta::pages(int maxPages) const
+std::vector<std::vector<LabelText>> frmConfEtiqueta::sheets(int maxPages) const
 {
     return labels::pages(*openDatabase(), m_query, fields(), m_ui->spninicio->value() - 1, maxPages);
 }
 
 void frmConfEtiqueta::paintPreview()
 {
-    messages::guarded(this, messages::generalPrefix, [this] {
-        LabelPages first(pages(1), true);
-        pageprinter::paint(first, m_previewPrinter, {}, nullptr);
-    });
-}
-
-void frmConfEtiqueta::withPages(const std::function<void(Pages &)> &work)
-{
-    std::unique_ptr<LabelPages> all;
-    if (messages::guarded(this, messages::generalPrefix,
-                          [&] { all = std::make_unique<LabelPages>(pages(allPages), false); }))
-        work(*all);
+    messages::guarded(this, messages::generalPrefix,
+                      [this] { labelcommands::preview(m_previewPrinter, sheets(1)); });
 }
 
 bool frmConfEtiqueta::save()
@@ -239,16 +165,14 @@ bool frmConfEtiqueta::save()
 
 void frmConfEtiqueta::print()
 {
-    if (exportar::hasPrinter())
-        withPages([this](Pages &pages) { exportar::printOnPrinter(this, pages, wholePaper()); });
-    else
-        savePdf();
+    messages::guarded(this, messages::generalPrefix,
+                      [this] { labelcommands::print(this, sheets(allPages)); });
 }
 
 void frmConfEtiqueta::savePdf()
 {
-    withPages(
-        [this](Pages &pages) { exportar::savePdf(this, u"Salvar etiquetas em PDF"_s, pages, wholePaper()); });
+    messages::guarded(this, messages::generalPrefix,
+                      [this] { labelcommands::savePdf(this, sheets(allPages)); });
 }
 
 void frmConfEtiqueta::reject()

@@ -5,13 +5,11 @@
 #include <QDialog>
 #include <QPrinter>
 
-#include <functional>
 #include <memory>
 
 namespace Ui {
 class frmConfEtiqueta;
 }
-class Pages;
 class QPrintPreviewWidget;
 
 /// The label screen: lays out the fields of an address label, shows the first page and prints the labels of
@@ -36,10 +34,8 @@ private:
     void fieldsEdited();
     void removeField();
     /// Throws Error.
-    std::vector<std::vector<LabelText>> pages(int maxPages) const;
+    std::vector<std::vector<LabelText>> sheets(int maxPages) const;
     void paintPreview();
-    /// Runs `work` on all pages; a failure to make them is told.
-    void withPages(const std::function<void(Pages &)> &work);
     bool save();
     void print();
     void savePdf();
