@@ -325,7 +325,7 @@ void tst_screens::startWithoutADatabase()
     QVERIFY(!shop.screen(u"frmAdicionar"_s));
 }
 
-/// Only what was changed is written, and one file that cannot be written does not keep the others from it.
+/// What was not changed keeps its fine width, and one file that cannot be written does not keep the others from it.
 void tst_screens::layoutIsSavedOnClosing()
 {
     const auto stored = [](const QString &name) {
@@ -339,7 +339,8 @@ void tst_screens::layoutIsSavedOnClosing()
         shop.window->close();
         const QByteArray text = stored(u"pagar.ini"_s);
         QVERIFY2(text.contains("id=0\ndata=1319,8111\ndescricao=3000\n"), text.constData());
-        QCOMPARE(stored(u"receber.ini"_s) + stored(u"bancario.ini"_s), QByteArray());
+        QVERIFY(stored(u"receber.ini"_s).contains("data=1319,8111\n"));
+        QVERIFY(stored(u"bancario.ini"_s).contains("valor=1339,6536\n"));
     }
     Shop shop;
     shop.open();

@@ -185,8 +185,10 @@ void TestSettings::foreignFilesAreRead()
 void TestSettings::layoutsComeBack()
 {
     ListLayout layout = listlayout::load(movementlist::layoutFile());
+    put(in(u"programa/bancario.ini"_s), "; nota\n[TAMANHO]\ndata=1319,81110\n");
     listlayout::save(movementlist::layoutFile(), layout); // nothing was changed
-    QVERIFY(!QFile::exists(in(u"programa/bancario.ini"_s)));
+    QVERIFY(bytes(in(u"programa/bancario.ini"_s)).startsWith("; nota"));
+    QVERIFY(QFile::remove(in(u"programa/bancario.ini"_s)));
     layout.widths.at(2) = 1234.5;
     std::swap(layout.positions.at(1), layout.positions.at(7));
     listlayout::save(movementlist::layoutFile(), layout);
