@@ -94,6 +94,7 @@ private Q_SLOTS:
     void createdOnlyOnce();
     void secondWriterWaitsAndSaysSo();
     void transactionIsAllOrNothing();
+    void commitsReachTheDisk();
     void fullDisk();
     void sharedConnectionFollowsTheFile();
     void pathComesFromTheSetting();
@@ -133,7 +134,8 @@ void TestConnection::planUsesIndexes()
           {u"SELECT movimento, valor FROM bancario WHERE estatus like 'x' AND destino like 'y'"_s,
            u"COVERING INDEX bancario_por_destino (destino=? AND estatus=?)"_s},
           {u"SELECT * FROM bancario where(código like '5')"_s, u"PRIMARY KEY (rowid=?)"_s},
-          {u"SELECT DISTINCT origem FROM receber order by origem"_s, u"INDEX receber_por_origem (origem>?)"_s},
+          {u"SELECT DISTINCT origem FROM receber order by origem"_s,
+           u"INDEX receber_por_origem (origem>?)"_s},
           {sums + u"pagar where (estatus like '%%') order by vencimento"_s,
            u"SCAN TABLE pagar USING COVERING INDEX pagar_por_vencimento\n"_s},
           {sums + u"pagar where(data like '%2026/%') order by data"_s,
@@ -344,6 +346,17 @@ void TestConnection::transactionIsAllOrNothing()
         QVERIFY(!database.inTransaction());
     }
     QCOMPARE(program.rows(u"select banco from banco"_s), u"B\n"_s);
+}
+
+/// Neither a power cut nor another machine finds half a commit.
+void TestConnection::commitsReachTheDisk()
+{
+    TestProgram program;
+    for (const auto &[pragma, expected] : {std::pair("synchronous", u"2"_s), {"journal_mode", u"delete"_s}}) {
+        Statement setting = program.database().prepareNative(QByteArray("PRAGMA ") + pragma);
+        QVERIFY(setting.step());
+        QCOMPARE(setting.text(0), expected);
+    }
 }
 
 void TestConnection::fullDisk()
