@@ -222,6 +222,12 @@ void tst_contacts::recordDialog()
     QCOMPARE(program.rows(u"select nome, nascimento, cidade, adicionais, tipo from cliente"_s),
              u"Ana | 1970/03/05 | santos | fiel | j\nBia |  | SANTOS |  | f\n"_s);
 
+    frmCadCli::openNew(clients(), clients().newCaption, nullptr);
+    shop.find<QLineEdit>(u"txtnome"_s)->setText(u"Caio"_s);
+    shop.press(u"cmdok"_s);
+    QCOMPARE(program.rows(u"select cidade, adicionais, tipo from cliente where nome like 'Caio'"_s),
+             u" |  | f\n"_s); // nothing of the one before
+
     QVERIFY(!frmCadCli::openEdit(clients(), u"9"_s, nullptr));
     QCOMPARE(shop.boxes.seen().join(u'\n'),
              u"information | Editar cliente | Este cliente não existe mais."_s);

@@ -1,11 +1,14 @@
 #include "support/shop.h"
 
+#include "bank/accountpane.h"
 #include "data/clock.h"
+#include "settings/database.h"
 #include "widgets/listview.h"
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QComboBox>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTabWidget>
@@ -18,11 +21,24 @@ Shop::Shop()
     programclock::set(QDateTime(QDate(2026, 11, 14), QTime(10, 0)));
 }
 
-void Shop::open()
+void Shop::openWithoutWaiting()
 {
     window = std::make_unique<frmPrincipal>();
     window->show();
     window->start();
+}
+
+void Shop::open()
+{
+    window = std::make_unique<frmPrincipal>();
+    bool read = !QFile::exists(databasePath());
+    const QObject scope;
+    QObject::connect(window->findChild<AccountPane *>(), &AccountPane::loaded, &scope,
+                     [&read] { read = true; }); // the balances come last
+    window->show();
+    window->start();
+    if (!QTest::qWaitFor([&read] { return read; }, 60'000))
+        qFatal("the lists are not read");
 }
 
 bool Shop::isShown(const QObject *control)
@@ -71,6 +87,17 @@ void Shop::type(const QString &name, const QString &text) const
 void Shop::choose(const QString &name, const QString &text) const
 {
     find<QComboBox>(name)->setCurrentText(text);
+}
+
+void Shop::fill(const QString &fields) const
+{
+    for (const QString &field : fields.split(u", "_s)) {
+        const QString name = field.section(u'=', 0, 0), text = field.section(u'=', 1);
+        if (qobject_cast<QComboBox *>(find<QWidget>(name)))
+            choose(name, text);
+        else
+            type(name, text);
+    }
 }
 
 QString Shop::text(const QString &name) const

@@ -18,7 +18,10 @@ class Shop
 public:
     Shop();
 
+    /// Waits until all tabs are read, unless there is no file to read.
     void open();
+    /// Goes on at once; what is long is still being read.
+    void openWithoutWaiting();
 
     /// The visible control with the name; one of another screen before one of the main window.
     template <typename T>
@@ -42,10 +45,14 @@ public:
     /// Types over the field's text and leaves it.
     void type(const QString &name, const QString &text) const;
     void choose(const QString &name, const QString &text) const;
+    /// Types into fields and chooses in boxes: "txtvalor=80, cbotipo=Ana".
+    void fill(const QString &fields) const;
     QString text(const QString &name) const;
     QString label(const QString &name) const;
     ListView *list(const QString &name) const;
     int tab() const;
+    /// The boxes since the last call, one line each.
+    QString told() { return boxes.seen().join(u'\n'); }
 
     TestProgram program;
     Boxes boxes;

@@ -6,16 +6,33 @@
 #include "settings/settings.h"
 
 #include <QDir>
+#include <QFile>
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// A fresh database file; made once, for making one waits for the disk.
+QByteArray emptyDatabase()
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(u"vazio"_s));
+    schema::createFile(file.fileName());
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
 TestProgram::TestProgram()
 {
+    static const QByteArray empty = emptyDatabase();
     QDir(m_folder.path()).mkdir(u"settings"_s);
     settings::setFolder(file(u"settings"_s));
     programfolder::choose(m_folder.path());
     chooseDatabase();
-    schema::createFile(databaseFile());
+    QFile database(databaseFile());
+    if (!database.open(QIODevice::WriteOnly) || database.write(empty) != empty.size())
+        qFatal("cannot make the database");
 }
 
 TestProgram::~TestProgram()
