@@ -34,6 +34,8 @@ std::vector<ListColumn> columns(const Side &side);
 ListLayoutFile layoutFile(const Side &side);
 /// Where the column with this layout key stands in the side's list.
 int columnOf(const Side &side, QStringView key);
+/// Whether any row of the side's table has this value in the column, in any letter case.
+bool isNamed(Connection &connection, const Side &side, const QString &column, const QString &name);
 /// The different values of a column of the side's table, in name order, for a filter box.
 QStringList distinct(Connection &connection, const Side &side, const QString &column);
 

@@ -154,13 +154,32 @@ QString EntryPane::totalsText() const
     return static_cast<const EntryTotals &>(feed().totals()).text(m_side);
 }
 
+std::vector<std::pair<QComboBox *, QString>> EntryPane::nameBoxes() const
+{
+    return {{m_ui->contato, m_side.contactColumn}, {m_ui->centro, u"descricao"_s}, {m_ui->banco, u"origem"_s}};
+}
+
 void EntryPane::refillFilterBoxes()
 {
     const std::shared_ptr<Connection> database = openDatabase();
-    const auto refill = [&](QComboBox *box, const QString &all, const QString &column) {
-        FilterBoxes::refill(box, all, entrylist::distinct(*database, m_side, column));
-    };
-    refill(m_ui->contato, m_side.allContacts, m_side.contactColumn);
-    refill(m_ui->centro, m_side.allCentres, u"descricao"_s);
-    refill(m_ui->banco, entryfilter::allAccounts.toString(), u"origem"_s);
+    for (const auto &[box, column] : nameBoxes())
+        FilterBoxes::refill(box, box->itemText(0), entrylist::distinct(*database, m_side, column));
+}
+
+bool EntryPane::changesNames(const Change &change)
+{
+    if (change.rows.empty())
+        return true;
+    const std::shared_ptr<Connection> database = openDatabase();
+    for (const RowChange &row : change.rows) {
+        for (const auto &[box, column] : nameBoxes()) {
+            const QString before = row.before.text(column), after = row.after.text(column);
+            const bool isNew = row.after.exists() && box->findText(after, Qt::MatchFixedString) < 0;
+            const bool wasLast = row.before.exists() && before != after &&
+                                 !entrylist::isNamed(*database, m_side, column, before);
+            if (isNew || wasLast)
+                return true;
+        }
+    }
+    return false;
 }

@@ -10,6 +10,7 @@ namespace Ui {
 class EntryPane;
 }
 class QAction;
+class QComboBox;
 
 /// Names of the controls of one entry pane, and what they are called on its side.
 struct EntryPaneNames
@@ -44,6 +45,7 @@ protected:
     QString totalsText() const override;
     /// The accounts, centres and contacts that the entries name.
     void refillFilterBoxes() override;
+    bool changesNames(const Change &change) override;
 
 private:
     void nameControls();
@@ -51,6 +53,8 @@ private:
     void makeCommands();
     Report report();
     EntryFilter filter() const;
+    /// The boxes that offer what the rows name, and the columns that they name it in.
+    std::vector<std::pair<QComboBox *, QString>> nameBoxes() const;
 
     std::unique_ptr<Ui::EntryPane> m_ui;
     const Side &m_side;

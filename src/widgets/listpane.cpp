@@ -4,6 +4,8 @@
 
 #include <QLabel>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 ListPane::ListPane(QWidget *parent) : QWidget(parent)
@@ -16,7 +18,7 @@ void ListPane::setUp(ListView *list, QLabel *totals, ListFeed *feed)
     m_totals = totals;
     m_feed = feed;
     m_totals->setText(totalsText());
-    connect(&m_filters, &FilterBoxes::changed, this, &ListPane::reload);
+    connect(&m_filters, &FilterBoxes::changed, this, &ListPane::begin);
     connect(feed, &ListFeed::loaded, this, &ListPane::listLoaded);
     connect(feed, &ListFeed::failed, this, [this](const Error &error) {
         m_filters.revert();
@@ -26,6 +28,12 @@ void ListPane::setUp(ListView *list, QLabel *totals, ListFeed *feed)
 }
 
 bool ListPane::reload()
+{
+    m_namesWanted = true;
+    return begin();
+}
+
+bool ListPane::begin()
 {
     const bool begun = messages::guarded(window(), messages::generalPrefix, [this] { m_feed->load(query()); });
     if (!begun)
@@ -45,7 +53,10 @@ bool ListPane::follow(const Change &change)
 {
     if (m_isStale)
         return reload();
-    return messages::guarded(window(), messages::generalPrefix, [&] { m_feed->follow(change); });
+    return messages::guarded(window(), messages::generalPrefix, [&] {
+        m_namesWanted = changesNames(change);
+        m_feed->follow(change);
+    });
 }
 
 void ListPane::listLoaded()
@@ -54,7 +65,8 @@ void ListPane::listLoaded()
     m_totals->setText(totalsText());
     messages::guarded(window(), messages::generalPrefix, [this] {
         m_filters.accept();
-        refillFilterBoxes();
+        if (std::exchange(m_namesWanted, false))
+            refillFilterBoxes();
     });
     Q_EMIT loaded();
 }

@@ -55,12 +55,15 @@ protected:
     virtual QString totalsText() const = 0;
     /// Offers what the rows name. Throws Error.
     virtual void refillFilterBoxes() {}
+    /// Whether a change may bring other names than the boxes offer. Throws Error.
+    virtual bool changesNames(const Change &) { return true; }
 
 Q_SIGNALS:
     /// The list is read, or has followed a change.
     void loaded();
 
 private:
+    bool begin();
     void listLoaded();
 
     ListView *m_list = nullptr;
@@ -68,5 +71,6 @@ private:
     ListFeed *m_feed = nullptr;
     FilterBoxes m_filters;
     bool m_isStale = true;
+    bool m_namesWanted = true; ///< the boxes are to be refilled once the list is read
     int m_ownCommands = 0;
 };
