@@ -6,8 +6,8 @@
 
 namespace {
 
-constexpr int firstSlice = 40;        ///< milliseconds; work that takes no longer is done at once
-constexpr int slice = 30;             ///< milliseconds
+int firstSlice = 40;                  ///< milliseconds; work that takes no longer is done at once
+int slice = 30;                       ///< milliseconds
 constexpr qint64 tooShortToSee = 400; ///< milliseconds
 
 } // namespace
@@ -21,6 +21,12 @@ SlicedWork::SlicedWork(QWidget *over) : m_over(over)
 SlicedWork::~SlicedWork()
 {
     cancel();
+}
+
+void SlicedWork::setSlices(int first, int following)
+{
+    firstSlice = first;
+    slice = following;
 }
 
 void SlicedWork::start(Task task)

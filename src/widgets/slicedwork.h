@@ -43,6 +43,9 @@ public:
     void cancel();
     bool isRunning() const { return bool(m_task.run); }
 
+    /// How long the first slice and the following ones last, in milliseconds; for tests.
+    static void setSlices(int first, int following);
+
 private:
     void work(int milliseconds);
     void goOn(int milliseconds);

@@ -2,6 +2,7 @@
 #include "settings/settings.h"
 #include "support/shop.h"
 #include "widgets/listfeed.h"
+#include "widgets/slicedwork.h"
 #include "widgets/listview.h"
 
 #include <QComboBox>
@@ -67,21 +68,17 @@ private Q_SLOTS:
 
 void tst_loading::windowAnswersWhileManyRowsAreRead()
 {
+    SlicedWork::setSlices(0, 0); // every slice ends where it first looks at the clock
     Shop shop;
-    for (const QByteArray index : {"codigo", "data", "fornecedor", "origem", "descricao"}) // slow to fill
-        shop.program.database().executeNative("DROP INDEX IF EXISTS pagar_por_" + index);
-    addPayables(shop.program, 100'000);
+    addPayables(shop.program, 20'000);
     shop.openWithoutWaiting();
     const ListFeed &feed = *shop.list(u"lstpagar"_s)->findChild<ListFeed *>();
     int ticks = 0;
     QTimer ticking;
     connect(&ticking, &QTimer::timeout, this, [&] { ticks += feed.isLoading(); });
     ticking.start(0);
-    while (!feed.isLoading()) { // a quick machine
-        addPayables(shop.program, 100'000);
-        shop.command(u"mnuatualizarlistas"_s);
-    }
-    QTRY_VERIFY_WITH_TIMEOUT(!feed.isLoading(), 60'000);
+    QVERIFY(feed.isLoading());
+    QTRY_VERIFY_WITH_TIMEOUT(!feed.isLoading(), 20'000);
     QVERIFY(ticks > 0);
     const QString query = u"select código from pagar where (estatus like '%1') order by vencimento"_s;
     QVERIFY(keys(feed) == shop.program.rows(query.arg(u"%"_s)));
@@ -90,7 +87,7 @@ void tst_loading::windowAnswersWhileManyRowsAreRead()
     shop.command(u"mnuatualizarlistas"_s);
     QVERIFY(feed.isLoading());
     shop.choose(u"cbotipop"_s, u"Concluídos"_s);
-    QTRY_VERIFY_WITH_TIMEOUT(!feed.isLoading(), 60'000);
+    QTRY_VERIFY_WITH_TIMEOUT(!feed.isLoading(), 20'000);
     QVERIFY(keys(feed) == shop.program.rows(query.arg(u"Concluído"_s)));
     QCOMPARE(shop.label(u"lbltotalp"_s), totals(shop.program, "C%"));
 }
