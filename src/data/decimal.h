@@ -43,7 +43,7 @@ public:
     /// Two decimals, rounded half away from zero: what the pattern "##,##0.00" shows.
     Decimal roundedToCents() const;
 
-    constexpr auto operator<=>(const Decimal &) const = default;
+    constexpr auto operator<=>(const Decimal &) const = default; // NOLINT(modernize-use-nullptr)
 
     /// "1.234,56": the patterns "##,##0.00" and "#,##0.00", which render alike.
     QString grouped() const;

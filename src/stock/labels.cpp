@@ -36,8 +36,9 @@ QString shown(const Recordset &contact, const LabelField &field)
 void appendLabel(std::vector<LabelText> &page, int place, const Recordset &contact,
                  const std::vector<LabelField> &fields)
 {
-    const double top = place / labelsheet::columns * labelsheet::labelHeight;
-    const double left = place % labelsheet::columns * labelsheet::labelWidth;
+    const int row = place / labelsheet::columns, column = place % labelsheet::columns;
+    const double top = row * labelsheet::labelHeight;
+    const double left = column * labelsheet::labelWidth;
     for (const LabelField &field : fields)
         if (const QString text = shown(contact, field); !text.isEmpty())
             page.push_back({top + field.top, left + field.left, field.width, field.format == bold, text});
