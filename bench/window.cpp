@@ -55,7 +55,9 @@ public:
         m_window.show();
         m_window.start();
         waitUntilIdle(m_window);
-        m_pane = m_window.findChildren<EntryPane *>().constFirst();
+        for (EntryPane *pane : m_window.findChildren<EntryPane *>())
+            if (&pane->side() == &payable())
+                m_pane = pane;
     }
 
     void filters();
@@ -63,10 +65,20 @@ public:
     void writes();
 
 private:
+    /// The bare store knows neither the program's functions nor its collation: it orders the texts as they
+    /// are.
     QByteArray keys(const EntryFilter &filter, const std::optional<HeadingSort> &sort = {}) const
     {
         return ListQuery(entryfilter::query(payable(), filter, today), sort)
-            .ordered({u"estatus"_s, u"valor"_s, u"qtde"_s});
+            .ordered({u"estatus"_s, u"valor"_s, u"qtde"_s})
+            .replace("stored_amount", "")
+            .replace(" COLLATE name_order", "");
+    }
+    /// The least that a screen takes to show another list.
+    void readAndPaint(const QByteArray &sql)
+    {
+        m_floor.readTexts(sql);
+        m_pane->list().viewport()->repaint();
     }
     void filter(const QString &what, const QString &box, const QString &choice, const EntryFilter &filter);
     /// `ours` is followed by whatever the window does about it; `back`, which is not measured, undoes it.
@@ -79,7 +91,7 @@ private:
     QString m_folder;
     Floor m_floor;
     frmPrincipal m_window;
-    EntryPane *m_pane;
+    EntryPane *m_pane = nullptr; ///< the payables
 };
 
 void Measured::add(const QString &what, const std::function<void()> &ours, const std::function<void()> &back,
@@ -113,7 +125,7 @@ void Measured::filter(const QString &what, const QString &box, const QString &ch
     const QByteArray sql = keys(filter);
     add(
         what, [&] { combo->setCurrentText(choice); }, [&] { combo->setCurrentText(all); },
-        [&] { m_floor.readTexts(sql); });
+        [&] { readAndPaint(sql); });
 }
 
 void Measured::filters()
@@ -140,7 +152,7 @@ void Measured::headings()
         add(
             u"Heading \"%1\""_s.arg(sort.column.title),
             [&] { header->setSortIndicator(column, Qt::DescendingOrder); },
-            [&] { header->setSortIndicator(-1, Qt::AscendingOrder); }, [&] { m_floor.readTexts(sql); });
+            [&] { header->setSortIndicator(-1, Qt::AscendingOrder); }, [&] { readAndPaint(sql); });
     }
 }
 
