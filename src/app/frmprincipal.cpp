@@ -192,7 +192,7 @@ void frmPrincipal::reloadAll()
 void frmPrincipal::load(ListPane &pane)
 {
     m_unread.remove(&pane);
-    if (!pane.reload())
+    if (!pane.reload() && pane.filtersFailed())
         pane.reloadUnfiltered();
 }
 

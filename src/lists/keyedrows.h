@@ -13,9 +13,9 @@
 /// Opens the database, as before every query. Throws Error.
 using DatabaseSource = std::function<std::shared_ptr<Connection>()>;
 
-/// The rows of a list by their keys, 8 bytes a row. Cells are fetched in windows of neighbouring rows when they
-/// are asked for, and show the rows' present state; the cells of a row that is gone are empty. A copy is a
-/// stable picture of which rows there are, and costs nothing until one of the two changes.
+/// The rows of a list by their keys, 8 bytes a row. Cells are fetched in windows of neighbouring rows when
+/// they are asked for, and show the rows' present state; the cells of a row that is gone are empty. A copy is
+/// a stable picture of which rows there are, and costs nothing until one of the two changes.
 class KeyedRows
 {
 public:
@@ -50,7 +50,7 @@ private:
     struct Windows : std::list<Window>
     {
         Windows() = default;
-        Windows(const Windows &) : std::list<Window>() {}
+        Windows(const Windows &) : std::list<Window>() {} // NOLINT: copies nothing
         Windows(Windows &&) = default;
         Windows &operator=(const Windows &)
         {

@@ -65,7 +65,8 @@ RowOrder::RowOrder(std::span<const dialect::OrderTerm> terms, const std::optiona
     int column = firstColumn + (computed ? int(computed->column.sources.size()) : 0);
     for (const dialect::OrderTerm &term : terms) {
         const bool isName = term.kind == dialect::OrderTerm::Kind::Name;
-        m_terms.push_back({term.kind, term.descending, column++, isName ? std::make_unique<Names>() : nullptr});
+        m_terms.push_back(
+            {term.kind, term.descending, column++, isName ? std::make_unique<Names>() : nullptr});
     }
     Q_ASSERT(m_terms.size() + (computed ? 1 : 0) + (ties == Ties::AsAdded ? 1 : 0) <= maxTerms);
 }
@@ -92,6 +93,7 @@ qint64 RowOrder::rank(Term &term, const Statement &row)
 qint64 RowOrder::computedRank(const Statement &row)
 {
     std::vector<std::string_view> values;
+    values.reserve(std::size_t(m_computed->column.sources.size()));
     for (int i = 0; i < int(m_computed->column.sources.size()); ++i)
         values.push_back(row.utf8(m_firstColumn + i));
     std::string cell;

@@ -63,10 +63,11 @@ private:
     {
         painter.save();
         painter.setPen(QPen(Qt::lightGray, 0, Qt::DotLine));
-        for (int place = 0; place < labelsheet::labelsPerPage; ++place)
-            painter.drawRect(onPaper(place % labelsheet::columns * labelsheet::labelWidth,
-                                     place / labelsheet::columns * labelsheet::labelHeight,
+        for (int place = 0; place < labelsheet::labelsPerPage; ++place) {
+            const int row = place / labelsheet::columns, column = place % labelsheet::columns;
+            painter.drawRect(onPaper(column * labelsheet::labelWidth, row * labelsheet::labelHeight,
                                      labelsheet::labelWidth, labelsheet::labelHeight));
+        }
         painter.restore();
     }
 

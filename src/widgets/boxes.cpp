@@ -1,6 +1,7 @@
 #include "widgets/boxes.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
 #include <QCompleter>
 #include <QKeyEvent>

@@ -5,6 +5,11 @@
 #include "widgets/messages.h"
 #include "widgets/waittext.h"
 
+#include <QHeaderView>
+#include <QSignalBlocker>
+
+#include <utility>
+
 ListFeed::ListFeed(ListView &view, std::vector<ListColumn> columns, std::unique_ptr<RowTotals> noTotals,
                    QString loadingTitle)
     : QObject(&view),
@@ -131,11 +136,16 @@ void ListFeed::follow(const Change &change)
 void ListFeed::sortBy(int column, Qt::SortOrder order)
 {
     const std::optional<HeadingSort> before = m_sort;
+    const auto [columnBefore, orderBefore] = std::exchange(m_indicator, {column, order});
     m_sort.reset();
     if (column >= 0)
         m_sort = HeadingSort{m_list.columns()[std::size_t(column)], order == Qt::DescendingOrder};
     if (m_sql.isEmpty())
         return;
-    if (!messages::guarded(m_view.window(), messages::generalPrefix, [this] { load(m_sql); }))
-        m_sort = before;
+    if (messages::guarded(m_view.window(), messages::generalPrefix, [this] { load(m_sql); }))
+        return;
+    m_sort = before;
+    m_indicator = {columnBefore, orderBefore};
+    const QSignalBlocker blocker(m_view.header());
+    m_view.header()->setSortIndicator(columnBefore, orderBefore);
 }

@@ -8,9 +8,9 @@
 
 class ListView;
 
-/// Fills a ListView from a query and keeps it true: reads in slices between which the window answers, orders by
-/// the heading that the user clicks, and follows notices of changed rows. A load that is still running gives
-/// way to the next one. When a load fails the list stays as it was.
+/// Fills a ListView from a query and keeps it true: reads in slices between which the window answers, orders
+/// by the heading that the user clicks, and follows notices of changed rows. A load that is still running
+/// gives way to the next one. When a load fails the list stays as it was.
 class ListFeed : public QObject
 {
     Q_OBJECT
@@ -21,8 +21,8 @@ public:
              QString loadingTitle);
     ~ListFeed() override;
 
-    /// Reads the rows of `sql`, a `SELECT * FROM table …`. Short loads are done on return, the others go on in
-    /// the background; loaded() or failed() tells when. Throws Error when the load fails at once.
+    /// Reads the rows of `sql`, a `SELECT * FROM table …`. Short loads are done on return, the others go on
+    /// in the background; loaded() or failed() tells when. Throws Error when the load fails at once.
     void load(const QString &sql);
     bool isLoading() const { return m_work.isRunning(); }
     /// Finishes a load that is running; for whoever needs all rows now.
@@ -55,7 +55,8 @@ private:
     KeyedList m_list;
     QString m_sql;
     std::optional<HeadingSort> m_sort;
-    std::shared_ptr<ListLoad> m_load;  ///< while it runs
+    std::pair<int, Qt::SortOrder> m_indicator{-1, Qt::AscendingOrder}; ///< of the heading that was clicked
+    std::shared_ptr<ListLoad> m_load;                                  ///< while it runs
     std::unique_ptr<KeyedRows> m_part; ///< what a running load has read so far, when it is shown
     std::optional<qint64> m_selected;  ///< key of the row that was selected when the load began
     QPoint m_scrolled;

@@ -35,12 +35,18 @@ bool ListPane::reload()
 
 bool ListPane::begin()
 {
-    const bool begun = messages::guarded(window(), messages::generalPrefix, [this] { m_feed->load(query()); });
-    if (!begun)
+    m_filtersFailed = false;
+    try {
+        m_feed->load(query());
+    } catch (const Error &error) {
+        m_filtersFailed = error.kind() == Error::Kind::Query;
         m_filters.revert();
-    else if (m_feed->isLoading())
+        messages::error(window(), messages::generalPrefix, error);
+        return false;
+    }
+    if (m_feed->isLoading())
         m_totals->setText(u"Lendo os dados…"_s);
-    return begun;
+    return true;
 }
 
 bool ListPane::reloadUnfiltered()

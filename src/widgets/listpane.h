@@ -9,8 +9,8 @@
 
 class QLabel;
 
-/// A list with filter boxes over it and a line of totals under it. A chosen filter takes effect at once and is
-/// kept; when the list cannot be read, list and boxes stay as they were.
+/// A list with filter boxes over it and a line of totals under it. A chosen filter takes effect at once and
+/// is kept; when the list cannot be read, list and boxes stay as they were.
 class ListPane : public QWidget
 {
     Q_OBJECT
@@ -24,6 +24,9 @@ public:
     void restoreFilters() { m_filters.restore(); }
     /// Reads the list with the filters shown; false, with a message, when that fails at once.
     bool reload();
+    /// Whether the last load failed at once because of what the filters asked for, not for want of a
+    /// database.
+    bool filtersFailed() const { return m_filtersFailed; }
     /// Shows every row, where the filters that are kept cannot be read with.
     bool reloadUnfiltered();
     /// Follows a change of rows of this list; false, with a message, when that fails.
@@ -71,6 +74,7 @@ private:
     ListFeed *m_feed = nullptr;
     FilterBoxes m_filters;
     bool m_isStale = true;
+    bool m_filtersFailed = false;
     bool m_namesWanted = true; ///< the boxes are to be refilled once the list is read
     int m_ownCommands = 0;
 };

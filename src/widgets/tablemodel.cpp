@@ -205,6 +205,7 @@ QString TableModel::cell(int row, int column) const
 std::shared_ptr<const TableSource> TableModel::snapshot(std::vector<int> columns) const
 {
     std::vector<ListColumn> shown;
+    shown.reserve(columns.size());
     for (const int column : columns)
         shown.push_back(m_columns[std::size_t(column)]);
     if (m_keyed)
