@@ -3,12 +3,7 @@
 #include "support/shop.h"
 #include "widgets/listfeed.h"
 #include "widgets/slicedwork.h"
-#include "widgets/listview.h"
 
-#include <QComboBox>
-#include <QFile>
-#include <QLabel>
-#include <QTest>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;

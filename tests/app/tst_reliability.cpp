@@ -45,15 +45,6 @@ int saveEntries(const QString &folder, const Side &side, int count)
     }
 }
 
-/// Another program that keeps what its user chooses.
-int saveSettings(const QString &folder, const QString &name, int count)
-{
-    settings::setFolder(folder + u"/config"_s);
-    for (int i = 0; i < count; ++i)
-        settings::write(u"Tavaro"_s, u"teste"_s, name + QString::number(i), u"1"_s);
-    return 0;
-}
-
 void start(QProcess &process, const TestProgram &program, const Side &side, int count)
 {
     process.start(
@@ -84,7 +75,6 @@ class tst_reliability : public QObject
 
 private Q_SLOTS:
     void twoProcessesLoseNothing();
-    void twoProcessesKeepTheirSettings();
     void killedWhileSaving();
     void fullDisk();
 };
@@ -106,22 +96,6 @@ void tst_reliability::twoProcessesLoseNothing()
     QCOMPARE(program.rows(u"select código from pagar"_s).count(u'\n'), 200);
     QCOMPARE(program.rows(u"select código from receber"_s).count(u'\n'), 200);
     QCOMPARE(program.rows(u"select qtde from produto"_s), u"1000\n"_s);
-}
-
-void tst_reliability::twoProcessesKeepTheirSettings()
-{
-    TestProgram program;
-    QProcess processes[2];
-    const QString names[] = {u"a"_s, u"b"_s};
-    for (int i = 0; i < 2; ++i)
-        processes[i].start(QCoreApplication::applicationFilePath(),
-                           {u"--ajustar"_s, QFileInfo(program.databaseFile()).path(), names[i], u"60"_s});
-    for (QProcess &process : processes)
-        QVERIFY(process.waitForFinished(240'000) && process.exitCode() == 0);
-    settings::setFolder(program.file(u"config"_s));
-    for (int i = 0; i < 60; ++i)
-        for (const QString &name : names)
-            QCOMPARE(settings::read(u"Tavaro"_s, u"teste"_s, name + QString::number(i), {}), u"1"_s);
 }
 
 void tst_reliability::killedWhileSaving()
@@ -188,8 +162,6 @@ int main(int argc, char *argv[])
         return saveEntries(arguments.value(2),
                            arguments.value(3) == payable().table ? payable() : receivable(),
                            arguments.value(4).toInt());
-    if (arguments.value(1) == u"--ajustar")
-        return saveSettings(arguments.value(2), arguments.value(3), arguments.value(4).toInt());
     tst_reliability test;
     return QTest::qExec(&test, argc, argv);
 }

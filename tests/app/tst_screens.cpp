@@ -3,19 +3,8 @@
 #include "settings/programfolder.h"
 #include "support/samples.h"
 #include "support/shop.h"
-#include "widgets/listview.h"
 
-#include <QAction>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QFile>
 #include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QTabWidget>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,5 @@
 #include "bank/accounts.h"
-#include "bank/movementlist.h"
 #include "settings/database.h"
-#include "support/answers.h"
 #include "support/testprogram.h"
 
 #include <QTest>
@@ -9,8 +7,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QDate today(2026, 5, 20);
 
 QString shown(const std::vector<AccountBalance> &balances)
 {
@@ -48,7 +44,6 @@ private Q_SLOTS:
     void sumOutOfRangeIsShownAsSuch();
     void summaryText();
     void formIsCheckedAndStored();
-    void movementQueries();
 };
 
 void tst_accounts::balancesFollowSettledEntriesOnly()
@@ -121,33 +116,14 @@ void tst_accounts::summaryText()
 
 void tst_accounts::formIsCheckedAndStored()
 {
-    QCOMPARE(accounts::problem({u""_s, u" "_s, u""_s}), u"O campo valor deve ser preenchido!"_s);
-    QCOMPARE(accounts::problem({u" "_s, u"1"_s, u""_s}), u"O campo nome deve ser preenchido!"_s);
-    QVERIFY(accounts::problem({u"D'Ávila"_s, u"1"_s, u""_s}));
-    QVERIFY(!accounts::problem({u"Caixa"_s, u"1"_s, u""_s}));
-
+    QVERIFY(accounts::problem({u"D'Ávila"_s, u"1"_s, u""_s}) &&
+            !accounts::problem({u"Caixa"_s, u"1"_s, u""_s}));
     TestProgram program;
     accounts::add(program.database(), {u" Caixa "_s, u"1234,5"_s, u" nota "_s});
     accounts::change(program.database(), u" Caixa "_s, {u"Outro"_s, u"2"_s, u""_s});
+    QVERIFY_THROWS_EXCEPTION(Error,
+                             accounts::change(program.database(), u"D'Ávila"_s, {u""_s, u"1"_s, u""_s}));
     QCOMPARE(program.rows(u"select * from banco"_s), u" Caixa  | 2,00 |  \n"_s);
-}
-
-void tst_accounts::movementQueries()
-{
-    // kind, period, order, direction
-    checkAnswers(
-        u"Todos os dados, Todos os dados, Data de cadastro, ASC -> Select * from bancario order by data ASC\n"
-        "transferências, Todos os dados, Valor, DESC -> Select * from bancario WHERE (movimento like "
-        "'Transferência entre contas') order by valor DESC\n"
-        "Retiradas, mês anterior, Conta destino, ASC -> SELECT * FROM bancario WHERE data BETWEEN "
-        "'2026/04/01' "
-        "AND '2026/05/01'  AND (movimento like 'Retirada') order by destino ASC\n"
-        ", apenas deste mês, Estatus, ASC -> SELECT * FROM bancario where(Data like '%/05/%' AND data like "
-        "'%2026/%') order by estatus ASC"_s,
-        [](const QString &asked) {
-            const QStringList words = asked.split(u", "_s);
-            return movementlist::query({words[0], words[1], words[2], words[3] == u"ASC"}, today);
-        });
 }
 
 QTEST_GUILESS_MAIN(tst_accounts)

@@ -2,12 +2,6 @@
 #include "bank/movement.h"
 #include "settings/database.h"
 #include "support/shop.h"
-#include "widgets/listview.h"
-
-#include <QComboBox>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 

@@ -17,8 +17,6 @@ class TestDialect : public QObject
 private Q_SLOTS:
     void translates();
     void partsOfAQuery();
-    void rowKeyComesLast();
-    void countsWithoutSorting();
     void likePattern();
     void caseVariantsAreExactlyTheFoldedTwins();
     void namesInPortugueseOrder();
@@ -110,29 +108,6 @@ void TestDialect::partsOfAQuery()
         "Select * from bancario -> \n"
         "select vencimento from a where b union select vencimento from c order by vencimento -> "_s,
         parts);
-}
-
-void TestDialect::rowKeyComesLast()
-{
-    const auto whole = dialect::translate(u"select * from [Banco] order by banco", dialect::RowKey::Appended);
-    QCOMPARE(whole.sql, u"select *, rowid from [Banco] ORDER BY banco COLLATE name_order, rowid"_s);
-    QCOMPARE(whole.table, u"[Banco]"_s);
-    for (const QString &sql :
-         {u"select banco from banco"_s, u"select * from a, b"_s, u"select distinct * from a"_s}) {
-        const auto partial = dialect::translate(sql, dialect::RowKey::Appended);
-        QVERIFY2(partial.isSelect && partial.table.isEmpty() && !partial.sql.contains(u", rowid"),
-                 qPrintable(sql));
-    }
-    QCOMPARE(dialect::bareTableName(u" [banco] "), u"[banco]"_s);
-    QCOMPARE(dialect::bareTableName(u"select 1"), QString());
-}
-
-void TestDialect::countsWithoutSorting()
-{
-    QCOMPARE(dialect::translate(u"select * from pagar where (a like 'x') order by data").countSql,
-             u"SELECT count(*) from pagar where (a = 'x')"_s);
-    QCOMPARE(dialect::translate(u"select a from pagar limit 2").countSql,
-             u"SELECT count(*) FROM (select a from pagar ORDER BY rowid limit 2)"_s);
 }
 
 void TestDialect::likePattern()

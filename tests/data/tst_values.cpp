@@ -47,8 +47,6 @@ private Q_SLOTS:
     void renderingsAreReadBack();
     void arithmeticIsExactOrRefused();
     void datesAreRead();
-    void datesAreShown();
-    void datesRollOver();
     void periodsGiveTheirDates();
 };
 
@@ -158,24 +156,6 @@ void TestValues::datesAreRead()
                      const bool same = dates::shownFromStored(text) == shown && utf8 == shown.toStdString();
                      return same ? stored : u"shown otherwise"_s;
                  });
-}
-
-void TestValues::datesAreShown()
-{
-    QCOMPARE(dates::shown(QDate(2026, 3, 5)), u"05/03/2026"_s);
-    QCOMPARE(dates::shown(QDate()), QString());
-    QCOMPARE(dates::longDate(QDate(2026, 11, 22)), u"domingo, 22 de novembro de 2026"_s);
-    QCOMPARE(dates::longDate(QDate(2027, 3, 2)), u"terça-feira, 2 de março de 2027"_s);
-    QCOMPARE(dates::longTime(QTime(14, 5, 9)), u"14:05:09"_s);
-}
-
-void TestValues::datesRollOver()
-{
-    QCOMPARE(dates::rolledOver(2026, 0, 31), QDate(2025, 12, 31));
-    QCOMPARE(dates::rolledOver(2026, 13, 1), QDate(2027, 1, 1));
-    QCOMPARE(dates::rolledOver(2026, 4, 31), QDate(2026, 5, 1));
-    QCOMPARE(dates::rolledOver(2024, 2, 31), QDate(2024, 3, 2));
-    QCOMPARE(dates::rolledOver(2026, 3, 0), QDate(2026, 2, 28));
 }
 
 void TestValues::periodsGiveTheirDates()

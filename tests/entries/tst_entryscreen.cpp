@@ -8,16 +8,8 @@
 #include "support/answers.h"
 #include "support/samples.h"
 #include "support/shop.h"
-#include "widgets/listview.h"
 
 #include <QAbstractItemView>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QFile>
-#include <QLineEdit>
-#include <QPointer>
-#include <QPushButton>
-#include <QTest>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;

@@ -88,7 +88,6 @@ void tst_periodviews::bankViewsAreLimitedByTheSettings()
     addRows(program, u"bancario"_s);
     settings::setValue(settings::bankViewPeriod, u"1"_s);
     QVERIFY(shown(bankView(), ViewPeriod::Year).contains(u"Total de cadastros neste mês (2)"_s));
-    QVERIFY(shown(bankView(), ViewPeriod::Day).contains(u"Total de cadastros hoje (1)"_s));
     QVERIFY(shown(payableView(), ViewPeriod::Year).contains(u"Total de cadastros neste ano (3)"_s));
     settings::setValue(settings::bankViewPeriod, u"2"_s);
     QVERIFY(shown(bankView(), ViewPeriod::Month).contains(u"Total de cadastros neste mês (2)"_s));

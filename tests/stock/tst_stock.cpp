@@ -5,13 +5,6 @@
 #include "support/readlist.h"
 #include "support/samples.h"
 #include "support/shop.h"
-#include "widgets/listview.h"
-
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -64,9 +57,7 @@ class tst_stock : public QObject
 
 private Q_SLOTS:
     void numbersOfAProduct();
-    void changingAndRemoving();
     void productListAndSummary();
-    void queries();
     void salesListCountsProfit();
     void purchasesListCountsAmounts();
     void productScreen();
@@ -89,21 +80,6 @@ void tst_stock::numbersOfAProduct()
              u"Café | 1002,5 | 1.234,50 | nota\nChá | 0 | 0,00 | \n"_s);
 }
 
-void tst_stock::changingAndRemoving()
-{
-    TestProgram program;
-    Connection &connection = program.database();
-    products::add(connection, {u"Café"_s, u"3"_s, u"1"_s, u"a"_s});
-    products::add(connection, {u"Chá"_s, u"5"_s, u"2"_s, u"b"_s});
-    entry::save(connection, payable(), form(u"Café"_s, u"1"_s, u"1"_s), {});
-    products::change(connection, u"café"_s, {u"Café moído"_s, u"-2"_s, u"9"_s, u"c"_s});
-    entry::save(connection, payable(), form(u"Café"_s, u"100"_s, u"1"_s), {}); // reaches no product any more
-    products::remove(connection, u"CHÁ"_s);
-    QCOMPARE(program.rows(u"select produto, qtde, custo, info from produto"_s),
-             u"Café moído | -2 | 9,00 | c\n"_s);
-    QCOMPARE(program.rows(u"select produto from pagar"_s), u"Café\nCafé\n"_s);
-}
-
 void tst_stock::productListAndSummary()
 {
     TestProgram program;
@@ -121,21 +97,6 @@ void tst_stock::productListAndSummary()
                     "Mel|0,5|R$ 3,33|R$ 1,67||"_s);
     // 3331,665 - 20 + 1,665: the values are added as they are, not as they are shown
     QCOMPARE(list.summary(), u"Total de produtos no estoque: 999 - Valor total em estoque: R$ 3.313,33"_s);
-}
-
-void tst_stock::queries()
-{
-    QCOMPARE(stocklists::query(sales(), {}, today),
-             u"SELECT * FROM receber where (estatus like '%%')  and (produto <> '-')"_s);
-    QCOMPARE(stocklists::query(sales(), {u"apenas do dia"_s, u"Pendentes"_s, u"Café"_s, u"Ana"_s}, today),
-             u"SELECT * FROM receber where(Data like '2026/11/14')  and (estatus like 'Pendente')  and "
-             u"(produto like 'Café')  "
-             "and (cliente like 'Ana')"_s);
-    QCOMPARE(stocklists::query(purchases(),
-                               {u"próximo mês"_s, u"concluídos"_s, u"todos os produtos"_s, u""_s}, today),
-             u"SELECT * FROM pagar WHERE data BETWEEN '2026/12/01' AND '2026/12/31'  and (estatus like "
-             u"'Concluído')  and "
-             "(produto <> '-')  order by data"_s);
 }
 
 void tst_stock::salesListCountsProfit()
@@ -235,25 +196,23 @@ void tst_stock::stockScreenFollowsEntries()
 void tst_stock::filtersOfTheStockScreen()
 {
     StockScreen stock;
-    for (const auto &[product, value] :
-         {std::pair(u"Café"_s, u"9"_s), {u"Chá"_s, u"100"_s}, {u"D''Oro"_s, u"2"_s}})
-        stock.program.run(
-            u"insert into receber (estatus, cliente, data, produto, qtde, valor, custo, moeda) "
-            "values ('Pendente', 'Ana', '2026/11/14', '%1', '1', '%2', '10', 'R$')"_s.arg(product, value));
+    stock.program.run(
+        u"insert into receber (estatus, cliente, data, produto, qtde, valor, custo, moeda) values "
+        "('Pendente', 'Ana', '2026/11/14', 'Café', '1', '9', '10', 'R$'), ('Pendente', 'Ana', "
+        "'2026/11/14', 'Chá', '1', '100', '10', 'R$'), ('Pendente', 'Ana', '2026/11/14', 'D''Oro', "
+        "'1', '2', '10', 'R$')"_s);
     stock.open();
-    auto *box = stock.find<QComboBox>(u"cboprodutor"_s);
     auto *list = stock.list(u"lstreceber"_s);
     const int markupColumn = 8;
     list->sortByColumn(markupColumn, Qt::AscendingOrder);
     QCOMPARE(list->cell(0, markupColumn) + list->cell(1, markupColumn) + list->cell(2, markupColumn),
              u"-80,00%-10,00%900,00%"_s);
-    box->setCurrentText(u"Chá"_s);
-    QCOMPARE(list->rowCount(), 1);
-    box->setCurrentText(u"D'Oro"_s); // the query breaks: list and boxes stay
+    stock.choose(u"cboprodutor"_s, u"Chá"_s);
+    stock.choose(u"cboprodutor"_s, u"D'Oro"_s); // the query breaks: list and boxes stay
     QCOMPARE(stock.boxes.seen().size(), 1);
-    QCOMPARE(box->currentText(), u"Chá"_s);
+    QCOMPARE(stock.text(u"cboprodutor"_s), u"Chá"_s);
     QCOMPARE(list->rowCount(), 1);
-    box->setCurrentText(u"Todos os produtos"_s);
+    stock.choose(u"cboprodutor"_s, u"Todos os produtos"_s);
     QCOMPARE(list->rowCount(), 3);
 }
 

@@ -3,16 +3,6 @@
 #include "bank/accountpane.h"
 #include "data/clock.h"
 #include "settings/database.h"
-#include "widgets/listview.h"
-
-#include <QAbstractButton>
-#include <QAction>
-#include <QComboBox>
-#include <QFile>
-#include <QLabel>
-#include <QLineEdit>
-#include <QTabWidget>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 

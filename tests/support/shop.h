@@ -3,13 +3,25 @@
 #include "app/frmprincipal.h"
 #include "support/boxes.h"
 #include "support/testprogram.h"
+#include "widgets/listview.h"
 
+// What tests look for on the screen.
+#include <QAction>
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QDialog>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTest>
 
 #include <memory>
-
-class ListView;
 
 /// The program with its main window on screen, at 10 o'clock of 14/11/2026; controls are found and used by
 /// object names, as a user driver would.

@@ -68,7 +68,6 @@ private Q_SLOTS:
     void demoIsRepeatable();
     void demoHasTheRowsAskedFor();
     void demoHoldsWhatTheProgramStores();
-    void demoNamesWhatItsTablesHold();
     void neverOverwrites();
     void refusesBadArguments();
 
@@ -153,27 +152,6 @@ void TestBanco::demoHoldsWhatTheProgramStores()
         QVERIFY(!lines.isEmpty());
         for (const QString &line : lines)
             QVERIFY2(form.match(line).hasMatch(), qPrintable(columns + u": "_s + line));
-    }
-}
-
-void TestBanco::demoNamesWhatItsTablesHold()
-{
-    const auto connection = openFile(demoFile());
-    // table, column, the table that must hold its values, that one's column, a value that names nothing
-    const QByteArray owned =
-        "pagar fornecedor fornecedor nome ;receber cliente cliente nome ;"
-        "pagar origem banco banco ;receber origem banco banco ;"
-        "bancario origem banco banco ;bancario destino banco banco  - ;"
-        "pagar descricao pcontapagar descricao ;receber descricao pcontareceber descricao ;"
-        "pagar produto produto produto -;receber produto produto produto -;"
-        "receber pagamento fpagamento pagamento ";
-    for (const QByteArray &line : owned.split(';')) {
-        const QList<QByteArray> words = line.split(' ');
-        const QByteArray nothing = line.endsWith("- ") ? " - " : words[4];
-        QCOMPARE(rows(*connection, "select " + words[1] + " from " + words[0] + " where " + words[1] +
-                                       " <> '" + nothing + "' and " + words[1] + " not in (select " +
-                                       words[3] + " from " + words[2] + ")"),
-                 QStringList());
     }
 }
 

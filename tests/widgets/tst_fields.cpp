@@ -55,9 +55,7 @@ class tst_fields : public QObject
 private Q_SLOTS:
     void initTestCase() { programclock::set(QDateTime(QDate(2026, 3, 9), QTime(12, 0))); }
     void moneyTyped();
-    void moneyTypedInside();
     void moneyPasted();
-    void moneyPrefix();
     void quantityTyped();
     void twoDigitYearsInThePast();
     void dateTyped();
@@ -67,7 +65,6 @@ private Q_SLOTS:
     void offersReplaceNothingTyped();
     void topmostParentStepsBack();
     void existingFileIsReplacedOnlyWhenAskedTo();
-    void waitScreenOnlyForLongWork();
 };
 
 /// What is in the field while it is typed, and once it is left.
@@ -88,21 +85,6 @@ void tst_fields::moneyTyped()
                  });
 }
 
-void tst_fields::moneyTypedInside()
-{
-    // cursor, selected characters, keys
-    checkAnswers(u"2 0 9 -> 129,34 ; 3 0 9 -> 12,34 ; 0 0 , -> 12,34 ; 4 1 9 -> 12,39 ; 2 1 , -> 12,34\n"
-                 "0 2 9, -> 9,34 ; 0 5 ,5 -> ,5"_s,
-                 [](const QString &change) {
-                     MoneyEdit field;
-                     field.setText(u"12,34"_s);
-                     field.setSelection(change.section(u' ', 0, 0).toInt(),
-                                        change.section(u' ', 1, 1).toInt());
-                     QTest::keyClicks(&field, change.section(u' ', 2));
-                     return field.text();
-                 });
-}
-
 void tst_fields::moneyPasted()
 {
     checkAnswers(
@@ -117,25 +99,6 @@ void tst_fields::moneyPasted()
             screen.leave();
             return screen.field.text();
         });
-}
-
-void tst_fields::moneyPrefix()
-{
-    Screen<MoneyEdit> screen;
-    screen.field.setPrefix(u"R$ "_s);
-    checkAnswers(u"1234,5 -> R$ 1.234,50 | 1.234,50 ; , -> R$ 0,00 | 0,00"_s, [&screen](const QString &keys) {
-        screen.field.setFocus(Qt::TabFocusReason);
-        screen.field.clear();
-        QTest::keyClicks(&screen.field, keys);
-        screen.leave();
-        const QString left = screen.field.text();
-        screen.field.setFocus(Qt::TabFocusReason);
-        return left + u" | "_s + screen.field.text();
-    });
-    screen.leave();
-    screen.field.setText(u"-3,1"_s);
-    screen.field.setPrefix(u"R$ "_s);
-    QCOMPARE(screen.field.text(), u"R$ -3,10"_s);
 }
 
 void tst_fields::quantityTyped()
@@ -286,18 +249,17 @@ void tst_fields::topmostParentStepsBack()
     screen.show();
     const WId window = screen.winId();
     const QRect place = screen.geometry();
+    const auto isTopmost = [&] { return screen.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint); };
     topmost::set(&screen, u"ativo");
-    QString during;
+    bool during = true;
     QTimer::singleShot(0, &screen, [&] {
-        during =
-            screen.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint) ? u"ativo"_s : u"desativo"_s;
+        during = isTopmost();
         static_cast<QDialog *>(QApplication::activeModalWidget())->reject();
     });
     messages::information(&screen, u"Aviso"_s, u"Texto"_s);
-    QCOMPARE(during, u"desativo"_s);
-    QVERIFY(screen.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
+    QVERIFY(!during && isTopmost());
     topmost::set(&screen, u"desativo");
-    QVERIFY(!screen.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
+    QVERIFY(!isTopmost());
     QCOMPARE(screen.winId(), window); // the native window was not made anew
     QCOMPARE(screen.geometry(), place);
 }
@@ -317,33 +279,6 @@ void tst_fields::existingFileIsReplacedOnlyWhenAskedTo()
         QCOMPARE(save(), answer == QMessageBox::Yes ? page : QString());
     }
     QCOMPARE(boxes.unanswered(), QStringList());
-}
-
-void tst_fields::waitScreenOnlyForLongWork()
-{
-    const auto isShown = [] {
-        const auto windows = QApplication::topLevelWidgets();
-        return std::ranges::any_of(windows, [](const QWidget *window) {
-            return window->objectName() == u"frmCarregando" && window->isVisible();
-        });
-    };
-    {
-        int asked = 0;
-        WaitProgress progress(nullptr, u"Carregando contas a pagar"_s, u"Por favor aguarde"_s);
-        const auto work = [&] {
-            progress.begin([&asked] { return qint64(++asked) * 100; });
-            for (int row = 1; row <= 100; ++row)
-                progress.advance(row);
-        };
-        work();
-        QVERIFY(!isShown());
-        QCOMPARE(asked, 0);
-        QTest::qSleep(400);
-        work();
-        QVERIFY(isShown());
-        QCOMPARE(asked, 1);
-    }
-    QVERIFY(!isShown());
 }
 
 QTEST_MAIN(tst_fields)
