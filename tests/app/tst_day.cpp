@@ -67,8 +67,8 @@ void tst_day::aDayInTheShop()
     QCOMPARE(
         shop.program.rows(u"select fornecedor, descricao, produto, informacoes, vencimento from pagar"_s),
         u"Torrefação São José | Mercadorias | Café |   | 2026/11/14\n"
-        "Torrefação São José | Mercadorias | - | Moedor  - Parcela 1 de 2 | 2026/12/14\n"
-        "Torrefação São José | Mercadorias | - | Moedor  - Parcela 2 de 2 | 2027/01/14\n"_s);
+        "Torrefação São José | Mercadorias |  | Moedor  - Parcela 1 de 2 | 2026/12/14\n"
+        "Torrefação São José | Mercadorias |  | Moedor  - Parcela 2 de 2 | 2027/01/14\n"_s);
 
     const QString paper = shop.program.file(u"dia.pdf"_s);
     shop.boxes.drive([&shop, paper](QDialog &preview) {
