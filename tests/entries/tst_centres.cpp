@@ -1,15 +1,6 @@
 #include "entries/centres.h"
 #include "entries/frmcentrocusto.h"
-#include "support/boxes.h"
-#include "support/testprogram.h"
-#include "widgets/listview.h"
-
-#include <QLabel>
-#include <QLineEdit>
-#include <QPointer>
-#include <QPushButton>
-#include <QTabWidget>
-#include <QTest>
+#include "support/shop.h"
 
 using namespace Qt::StringLiterals;
 
@@ -41,19 +32,11 @@ QString queried(TestProgram &program, const CentreSide &side)
     return centres::report(side, lines).lines.join(u'\n');
 }
 
-/// The screen on the display, used by the names of its controls.
-class CentreScreen
+struct CentreScreen : Shop
 {
-public:
     explicit CentreScreen(const CentreSide &side) : dialog(frmCentroCusto::openFor(side, nullptr)) {}
     ~CentreScreen() { delete dialog; }
 
-    template <typename T>
-    T *find(const QString &name) const
-    {
-        return dialog->findChild<T *>(name);
-    }
-    void press(const QString &name) const { find<QPushButton>(name)->click(); }
     void add(const QString &name) const
     {
         find<QLineEdit>(u"txtnome"_s)->setText(name);
@@ -62,17 +45,13 @@ public:
     QString centres() const
     {
         QStringList names;
-        const auto *list = find<ListView>(u"lstcentro"_s);
-        for (int row = 0; row < list->rowCount(); ++row)
-            names << list->cell(row, 0);
+        for (int row = 0; row < list(u"lstcentro"_s)->rowCount(); ++row)
+            names << list(u"lstcentro"_s)->cell(row, 0);
         return names.join(u", "_s);
     }
-    void select(int row) const { find<ListView>(u"lstcentro"_s)->selectRow(row); }
-    void showSummary() const { find<QTabWidget>(u"xtab"_s)->setCurrentIndex(1); }
-    QString total() const { return find<QLabel>(u"lbltotal"_s)->text(); }
+    void select(int row) const { list(u"lstcentro"_s)->selectRow(row); }
 
     QPointer<QDialog> dialog;
-    Boxes boxes;
 };
 
 } // namespace
@@ -112,9 +91,9 @@ void tst_centres::summaryIsThatOfOneQueryForEachCentre()
 
 void tst_centres::addingRenamingAndRemoving()
 {
-    TestProgram program;
-    addEntry(program, u"pagar"_s, u"Aluguel"_s, u"Pendente"_s, u"10,00"_s);
     CentreScreen screen(costCentres());
+    TestProgram &program = screen.program;
+    addEntry(program, u"pagar"_s, u"Aluguel"_s, u"Pendente"_s, u"10,00"_s);
     for (const QString &name : {u"  "_s, u"luz"_s, u"Água"_s, u"Aluguel"_s})
         screen.add(name);
     QCOMPARE(screen.centres(), u"Água, Aluguel, luz"_s);
@@ -132,61 +111,56 @@ void tst_centres::addingRenamingAndRemoving()
         screen.press(u"cmdremover"_s);
     }
     QCOMPARE(screen.centres(), u"Água, Moradia"_s);
-    const QString blank = u"exclamation | Erro | O nome do centro de custo não pode estar vazio!\n"_s,
-                  input =
-                      u"input | Editar centro de custo | Digite o novo nome para este centro de custo\n"_s,
-                  remove =
-                      u"question | Remover | Tem certeza que deseja remover o centro de custo luz do banco "
-                      "de dados?"_s;
-    QCOMPARE(screen.boxes.seen().join(u'\n'),
-             blank + input + blank + input + input + remove + u'\n' + remove);
+    const QString
+        blank = u"exclamation | Erro | O nome do centro de custo não pode estar vazio!\n"_s,
+        input = u"input | Editar centro de custo | Digite o novo nome para este centro de custo\n"_s,
+        remove =
+            u"question | Remover | Tem certeza que deseja remover o centro de custo luz do banco de dados?"_s;
+    QCOMPARE(screen.told(), blank + input + blank + input + input + remove + u'\n' + remove);
 }
 
 void tst_centres::profitWords()
 {
-    TestProgram program;
     CentreScreen screen(profitCentres());
     for (const QString &name : {u""_s, u"Vendas"_s, u"Aluguéis"_s}) // listed as they were added
         screen.add(name);
     QCOMPARE(screen.centres(), u"Vendas, Aluguéis"_s);
-    QCOMPARE(screen.boxes.seen().join(u'\n'),
-             u"exclamation | Erro | O nome do centro de lucro não pode estar vazio!"_s);
+    QCOMPARE(screen.told(), u"exclamation | Erro | O nome do centro de lucro não pode estar vazio!"_s);
     const Report report = centres::report(
         profitCentres(), {{u"Vendas"_s, {{1, Money::fromInteger(1000)}, {2, Money::fromInteger(250)}}}});
-    QCOMPARE(report.title + u'|' + report.lines.first(4).join(u'|'),
-             u"Resumo de centro de lucro|Centro de lucro: Vendas|Pendentes: 1 (R$ 1.000,00)|"
-             "Concluídas: 2 (R$ 250,00)|Total: 3 (R$ 1.250,00)"_s);
+    QCOMPARE(
+        report.title + u'|' + report.lines.first(4).join(u'|'),
+        u"Resumo de centro de lucro|Centro de lucro: Vendas|Pendentes: 1 (R$ 1.000,00)|Concluídas: 2 (R$ 250,00)|Total: 3 (R$ 1.250,00)"_s);
     QCOMPARE(report.statistics,
              u"Total de receitas: R$ 1.250,00\nTotal recebido: R$ 250,00\nTotal pendente: R$ 1.000,00"_s);
 }
 
 void tst_centres::summaryTab()
 {
-    TestProgram program;
     CentreScreen screen(costCentres());
-    screen.showSummary();
-    QCOMPARE(screen.boxes.seen().join(u'\n'),
-             u"information | Plano de conta | Não há nenhum centro de custo, cadastrado no banco de dados! "
-             u"para cadastrar um "
-             "centro de custo clique no menu principal e depois em centro de custo."_s);
+    TestProgram &program = screen.program;
+    screen.find<QTabWidget>(u"xtab"_s)->setCurrentIndex(1);
+    QCOMPARE(
+        screen.told(),
+        u"information | Plano de conta | Não há nenhum centro de custo, cadastrado no banco de dados! para cadastrar um centro de custo clique no menu principal e depois em centro de custo."_s);
 
     addEntry(program, u"pagar"_s, u"luz"_s, u"Pendente"_s, u"100,00"_s);
     addEntry(program, u"pagar"_s, u"Luz"_s, u"Concluído"_s, u"1.900,00"_s);
     addEntry(program, u"pagar"_s, u"Aluguel"_s, u"Pendente"_s, u"5,00"_s);
     screen.find<QTabWidget>(u"xtab"_s)->setCurrentIndex(0);
     screen.add(u"Luz"_s);
-    screen.showSummary();
-    const auto *list = screen.find<ListView>(u"lstresumo"_s);
+    screen.find<QTabWidget>(u"xtab"_s)->setCurrentIndex(1);
+    const ListView *list = screen.list(u"lstresumo"_s);
     QCOMPARE(list->rowCount(), 1);
     QStringList cells;
     for (int column = 0; column < 4; ++column)
         cells << list->cell(0, column);
     QCOMPARE(cells.join(u" | "_s), u"Luz | 1 (R$ 100,00) | 1 (R$ 1.900,00) | 2 (R$ 2.000,00)"_s);
-    QCOMPARE(screen.total(),
+    QCOMPARE(screen.label(u"lbltotal"_s),
              u"Total de despesas: R$ 2.000,00 - Total pago: R$ 1.900,00 - Total pendente: R$ 100,00"_s);
     addEntry(program, u"pagar"_s, u"LUZ"_s, u"Pendente"_s, u"1,00"_s);
     Changes::announce(Subject::Payables);
-    QCOMPARE(screen.total(),
+    QCOMPARE(screen.label(u"lbltotal"_s),
              u"Total de despesas: R$ 2.001,00 - Total pago: R$ 1.900,00 - Total pendente: R$ 101,00"_s);
     QVERIFY(screen.boxes.seen().isEmpty());
 }

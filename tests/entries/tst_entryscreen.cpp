@@ -32,21 +32,16 @@ const std::vector<EditScreen> &editScreens()
 {
     const QString name = longText.trimmed();
     static const std::vector<EditScreen> screens{
-        {u"insert into receber (estatus, origem, cliente, data, vencimento, descricao, documento, "
-         u"informacoes, "
-         "valor, moeda, produto, qtde, custo) values ('Pendente', 'Caixa', '%1', '2026/11/14', '2026/12/10', "
-         "'%1', '%2', '%2', '-1.234,50', '€', 'P', '12 un', '1,11')"_s.arg(name, longText),
+        {u"insert into receber (estatus, origem, cliente, data, vencimento, descricao, documento, informacoes, valor, moeda, produto, qtde, custo) values ('Pendente', 'Caixa', '%1', '2026/11/14', '2026/12/10', '%1', '%2', '%2', '-1.234,50', '€', 'P', '12 un', '1,11')"_s
+             .arg(name, longText),
          [] { return frmAdicionar::openEdit(receivable(), u"1"_s, nullptr); }, u"cmdinserir"_s, u"receber"_s},
-        {u"insert into cliente (nome, cpf, nascimento, pais, estado, cidade, bairro, endereco, tel, tel2, "
-         u"cel, "
-         "site, email, insc, local, adicionais, tipo) values ('%1', '%1', '1970/03/05', '%1', '%1', '%1', "
-         "'%1', "
-         "'%1', '%1', '%1', '%1', '%1', '%1', '%1', '%1', '%1', 'j')"_s.arg(name),
+        {u"insert into cliente (nome, cpf, nascimento, pais, estado, cidade, bairro, endereco, tel, tel2, cel, site, email, insc, local, adicionais, tipo) values ('%1', '%1', '1970/03/05', '%1', '%1', '%1', '%1', '%1', '%1', '%1', '%1', '%1', '%1', '%1', '%1', '%1', 'j')"_s
+             .arg(name),
          [] { return frmCadCli::openEdit(clients(), u"1"_s, nullptr); }, u"cmdok"_s, u"cliente"_s},
         {u"insert into banco (banco, saldo, informacoes) values ('%1', '-7,00', '%2')"_s.arg(name, longText),
          [name] { return frmbanco::openEdit(name, nullptr); }, u"cmdinserir"_s, u"banco"_s},
-        {u"insert into bancario (estatus, movimento, origem, destino, data, valor, informacoes) values "
-         "('Pendente', 'Outro', '%1', ' - ', '2026/11/14', '3,00', '%2')"_s.arg(name, longText),
+        {u"insert into bancario (estatus, movimento, origem, destino, data, valor, informacoes) values ('Pendente', 'Outro', '%1', ' - ', '2026/11/14', '3,00', '%2')"_s
+             .arg(name, longText),
          [] { return frmmovimentobanc::openEdit(1, nullptr); }, u"cmdeditar"_s, u"bancario"_s},
         {u"insert into produto (produto, qtde, custo, info) values ('%1', -2.5, '3,00', '%2')"_s.arg(
              name, longText),

@@ -91,10 +91,10 @@ void tst_installments::rows()
     TestProgram program;
     InstallmentsForm form = sampleForm();
     QCOMPARE(installments::write(program.database(), payable(), form, nullptr).written, 3);
-    QCOMPARE(program.rows(u"select estatus, origem, fornecedor, data, descricao, documento, valor, moeda, "
-                          "informacoes, vencimento from pagar where código = 3"_s),
-             u"Pendente | Caixa | Imobiliária | 2026/01/15 | Aluguel | NF 1  | 100,00 | € | "
-             "Aluguel  - Parcela 3 de 3 | 2026/04/15\n"_s);
+    QCOMPARE(
+        program.rows(
+            u"select estatus, origem, fornecedor, data, descricao, documento, valor, moeda, informacoes, vencimento from pagar where código = 3"_s),
+        u"Pendente | Caixa | Imobiliária | 2026/01/15 | Aluguel | NF 1  | 100,00 | € | Aluguel  - Parcela 3 de 3 | 2026/04/15\n"_s);
     form.notes.clear();
     form.document.clear();
     form.value = u"1500"_s; // stays as it stands
@@ -114,9 +114,8 @@ void tst_installments::interruptedRun()
           {"ROLLBACK", QString(), u"Nenhuma parcela foi gravada."_s}}) {
         InstallmentsScreen screen(payable());
         screen.program.database().executeNative(
-            QByteArray(
-                "CREATE TRIGGER third BEFORE INSERT ON pagar WHEN NEW.informacoes LIKE '%Parcela 3 de%' "
-                "BEGIN SELECT RAISE(") +
+            QByteArray("CREATE TRIGGER third BEFORE INSERT ON pagar WHEN NEW.informacoes LIKE '%Parcela 3 "
+                       "de%' BEGIN SELECT RAISE(") +
             how + ", 'sem espaço'); END");
         screen.fillIn();
         screen.set(u"txtnparcelas"_s, u"3"_s);

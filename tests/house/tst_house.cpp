@@ -134,6 +134,7 @@ void tst_house::wrongIncludesAreSeen()
     row(u"src/entries/frmcliente.cpp"_s, u"#include \"ui_frmcadcli.h\""_s, true);
     row(u"src/garage/car.h"_s, u""_s, true);
     row(u"src/bank/accounts.cpp"_s, u"#include <QtWidgets/QLabel>"_s, true);
+    row(u"src/bank/accounts.cpp"_s, u"#include <QColor>"_s, true);
     row(u"src/bank/accounts.cpp"_s, u"#include <QString>\n#include <QtCore/QDate>\n#include <vector>"_s,
         false);
     row(u"src/bank/accountpane.cpp"_s, u"#include <QLabel>\n#include \"ui_accountpane.h\""_s, false);

@@ -57,17 +57,11 @@ EntryForm drawn(QRandomGenerator &random)
 /// As many such entries of the side: read back from one statement, for each save would wait for the disk.
 void addDrawn(TestProgram &program, const Side &side, int count)
 {
-    program.database().executeNative(u"WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE "
-                                     u"i < %1) INSERT INTO %2 (estatus, "
-                                     "origem, %3, data, vencimento, descricao, valor, moeda, produto, qtde) "
-                                     "SELECT substr('PendenteConcluído', "
-                                     "1 + i % 2 * 8, 8 + i % 2), substr('CaixacaixaBanco', 1 + i / 2 % 3 * "
-                                     "5, 5), substr('Ana  Ágatabento', "
-                                     "1 + i / 3 % 3 * 5, 5), '2026/11/' || (10 + i % 9), '2026/1' || (i % 3) "
-                                     "|| '/0' || (1 + i % 7), 'Aluguel', "
-                                     "(1 + i * 7 % 11) || ',50', 'R$', '-', '5' FROM n"_s.arg(count)
-                                         .arg(side.table, side.contactColumn)
-                                         .toUtf8());
+    program.database().executeNative(
+        u"WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < %1) INSERT INTO %2 (estatus, origem, %3, data, vencimento, descricao, valor, moeda, produto, qtde) SELECT substr('PendenteConcluído', 1 + i % 2 * 8, 8 + i % 2), substr('CaixacaixaBanco', 1 + i / 2 % 3 * 5, 5), substr('Ana  Ágatabento', 1 + i / 3 % 3 * 5, 5), '2026/11/' || (10 + i % 9), '2026/1' || (i % 3) || '/0' || (1 + i % 7), 'Aluguel', (1 + i * 7 % 11) || ',50', 'R$', '-', '5' FROM n"_s
+            .arg(count)
+            .arg(side.table, side.contactColumn)
+            .toUtf8());
 }
 
 struct Case
@@ -260,12 +254,12 @@ void tst_lists::snapshotsStay()
 void tst_lists::sumsBeyondTheRangeAreShownAsSuch()
 {
     TestProgram program;
-    program.run(u"insert into pagar (estatus, valor) values ('Pendente', '900.000.000.000.000,00'), "
-                "('Pendente', '900.000.000.000.000,00'), ('Concluído', '1,00')"_s);
+    program.run(
+        u"insert into pagar (estatus, valor) values ('Pendente', '900.000.000.000.000,00'), ('Pendente', '900.000.000.000.000,00'), ('Concluído', '1,00')"_s);
     const KeyedList list = readPayables();
-    QCOMPARE(static_cast<const EntryTotals &>(list.totals()).text(payable()),
-             u"3 cadastros  -  Total de despesas: R$ valor grande demais  -  Total pago: R$ 1,00  -  Total "
-             "pendente: R$ valor grande demais - Quantidade de produtos (entrada): 0"_s);
+    QCOMPARE(
+        static_cast<const EntryTotals &>(list.totals()).text(payable()),
+        u"3 cadastros  -  Total de despesas: R$ valor grande demais  -  Total pago: R$ 1,00  -  Total pendente: R$ valor grande demais - Quantidade de produtos (entrada): 0"_s);
 }
 
 QTEST_MAIN(tst_lists)

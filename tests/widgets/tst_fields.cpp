@@ -10,11 +10,9 @@
 #include "widgets/moneyedit.h"
 
 #include <QCalendarWidget>
-#include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QDir>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -43,7 +41,7 @@ struct Screen
     }
     void leave() { next.setFocus(Qt::TabFocusReason); }
 
-    QWidget window;
+    QDialog window;
     Field field;
     QLineEdit next;
 };
@@ -195,50 +193,27 @@ void tst_fields::calendarPicks()
     QCOMPARE(order.join(u' '), u"opening closed"_s);
 }
 
-/// A screen with one field of each kind in tab order.
-struct KeysScreen : QDialog
-{
-    KeysScreen()
-    {
-        auto *layout = new QVBoxLayout(this);
-        editable.setEditable(true);
-        list.addItems({u"a"_s, u"b"_s});
-        const QList<QWidget *> fields{&line, &list, &editable, &date, &check, &notes, &save};
-        for (QWidget *field : fields)
-            layout->addWidget(field);
-        formkeys::enterMovesOn(this);
-        show();
-        activateWindow();
-        if (QTest::qWaitForWindowActive(this))
-            line.setFocus();
-    }
-
-    QLineEdit line;
-    QComboBox list, editable;
-    DateEdit date;
-    QCheckBox check;
-    QPlainTextEdit notes;
-    QPushButton save;
-};
-
 void tst_fields::offersReplaceNothingTyped()
 {
-    KeysScreen screen;
-    screen.editable.addItems({u"campinas"_s, u"Santos"_s});
-    boxes::offerWhileTyping(&screen.editable);
+    Screen<QComboBox> screen;
+    QComboBox &box = screen.field;
+    box.setEditable(true);
+    box.addItems({u"campinas"_s, u"Santos"_s});
+    boxes::offerWhileTyping(&box);
+    formkeys::enterMovesOn(&screen.window);
     // keys typed, "+" the first offer taken with the arrow; Enter goes on at the first press
     checkAnswers(u"Campinas -> Campinas ; camp+ -> campinas ; SAN+ -> Santos ; ca -> ca ; Rio -> Rio"_s,
-                 [&screen](const QString &keys) {
-                     screen.editable.setFocus();
-                     screen.editable.lineEdit()->selectAll();
-                     QTest::keyClicks(&screen.editable, keys.section(u'+', 0, 0));
+                 [&](const QString &keys) {
+                     box.setFocus();
+                     box.lineEdit()->selectAll();
+                     QTest::keyClicks(&box, keys.section(u'+', 0, 0));
                      QWidget *offers = QApplication::activePopupWidget();
                      if (keys.endsWith(u'+'))
                          QTest::keyClick(offers, Qt::Key_Down);
-                     QTest::keyClick(offers ? offers : &screen.editable, Qt::Key_Return);
-                     const bool movedOn = QApplication::focusWidget() == &screen.date;
+                     QTest::keyClick(offers ? offers : &box, Qt::Key_Return);
+                     const bool movedOn = QApplication::focusWidget() == &screen.next;
                      const bool offered = offers || keys == u"Rio";
-                     return movedOn && offered ? screen.editable.currentText() : u"stays"_s;
+                     return movedOn && offered ? box.currentText() : u"stays"_s;
                  });
 }
 

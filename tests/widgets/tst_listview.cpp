@@ -83,7 +83,6 @@ private Q_SLOTS:
     void newRowsKeepSelectionAndPlace();
     void keysActOnRows();
     void copiesWhatIsShown();
-    void layoutGoesAndComes();
 };
 
 void tst_listview::rowStoreKeepsTexts()
@@ -191,19 +190,6 @@ void tst_listview::copiesWhatIsShown()
     shown.list.selectAll();
     QTest::keySequence(&shown.list, QKeySequence::Copy);
     QCOMPARE(QApplication::clipboard()->text(), u"R$ 1,00\t01/03/2026\tduas linhas\t3\nR$ 2,00\t\t\t4\n"_s);
-}
-
-void tst_listview::layoutGoesAndComes()
-{
-    Shown shown;
-    shown.list.applyLayout({{300, 1319.8111, 2400, 1200, 0}, {1, 4, 2, 3, 5}});
-    const ListLayout layout = shown.list.layout();
-    QCOMPARE(layout.widths, (std::vector<double>{300, 1319.8111, 2400, 1200, 0}));
-    QCOMPARE(layout.positions, (std::vector<int>{1, 4, 2, 3, 5}));
-    shown.list.applyLayout({{15, 15}, {2, 1}}); // of another list
-    QCOMPARE(shown.list.layout().positions, layout.positions);
-    shown.list.setRows(entries());
-    QCOMPARE(shown.list.layout().widths, layout.widths);
 }
 
 QTEST_MAIN(tst_listview)
