@@ -53,15 +53,6 @@ void measureMemory(Table &table)
               u"-"_s, perRow, 24);
 }
 
-void measureFilter(Table &table, ShownPane &pane, const QString &what, const QString &box, QStringView choice)
-{
-    const QString all = pane.findChild<QComboBox *>(box)->itemText(0);
-    const Timing timing = inTurn(
-        runs, [&] { choose(pane, box, choice.toString(), benchdata::selectedRows); },
-        [&] { choose(pane, box, all, 100'000); });
-    table.add(u"1,000 of 100,000 payables by "_s + what + u", against all of them"_s, timing, 0.1);
-}
-
 } // namespace
 
 void measureLists(Table &table)
@@ -75,8 +66,5 @@ void measureLists(Table &table)
               inTurn(
                   runs, [&] { pane.fill(); }, [&] { floor.readTexts(sql); }),
               2);
-    measureFilter(table, pane, u"account"_s, u"cbobancop"_s, benchdata::account);
-    measureFilter(table, pane, u"contact"_s, u"cbofornecedor"_s, benchdata::contact);
-    measureFilter(table, pane, u"centre"_s, u"cbocentrocusto"_s, benchdata::centre);
     measureMemory(table);
 }

@@ -17,6 +17,7 @@
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLocale>
+#include <QSaveFile>
 
 using namespace Qt::StringLiterals;
 
@@ -80,6 +81,14 @@ private:
         m_floor.readTexts(sql);
         m_pane->list().viewport()->repaint();
     }
+    /// A choice of a filter is kept on the disk as well.
+    void keepOnDisk() const
+    {
+        QSaveFile file(m_folder + u"/floor.ini"_s);
+        file.open(QIODevice::WriteOnly);
+        file.write("[Tavaro]\n");
+        file.commit();
+    }
     void filter(const QString &what, const QString &box, const QString &choice, const EntryFilter &filter);
     /// `ours` is followed by whatever the window does about it; `back`, which is not measured, undoes it.
     void add(const QString &what, const std::function<void()> &ours, const std::function<void()> &back,
@@ -125,7 +134,10 @@ void Measured::filter(const QString &what, const QString &box, const QString &ch
     const QByteArray sql = keys(filter);
     add(
         what, [&] { combo->setCurrentText(choice); }, [&] { combo->setCurrentText(all); },
-        [&] { readAndPaint(sql); });
+        [&] {
+            readAndPaint(sql);
+            keepOnDisk();
+        });
 }
 
 void Measured::filters()
