@@ -24,8 +24,9 @@ public:
     ~AccountPane() override;
 
     ListView &list();
-    /// AtualizarListaBancos: refills the list as the setting AtualizarSaldo says, then the summary. Short work is
-    /// done on return, the rest goes on while the window answers. False, with a message, when it fails at once.
+    /// AtualizarListaBancos: refills the list as the setting AtualizarSaldo says, then the summary. Short
+    /// work is done on return, the rest goes on while the window answers. False, with a message, when it
+    /// fails at once.
     bool refresh();
     /// Follows a change of entries or movements without reading them all, or refreshes.
     void follow(const Change &change);

@@ -91,8 +91,10 @@ BalanceLoad::BalanceLoad(std::shared_ptr<Connection> connection, bool recompute)
     : m_connection(std::move(connection)), m_dataVersion(m_connection->dataVersion())
 {
     for (Recordset rows(*m_connection, u"SELECT * FROM banco"_s); rows.next();)
-        m_balances.push_back({rows.text(u"banco"), rows.text(u"informacoes"),
-                              Money::stored(rows.utf8(rows.column(u"saldo"))), {}});
+        m_balances.push_back({rows.text(u"banco"),
+                              rows.text(u"informacoes"),
+                              Money::stored(rows.utf8(rows.column(u"saldo"))),
+                              {}});
     if (!recompute)
         m_next = m_balances.size();
 }
@@ -183,8 +185,8 @@ QString summary(const std::vector<AccountBalance> &balances)
     }
     text += u" > REFERÊNCIAS RÁPIDAS"_s + newLine + u"."_s + newLine;
     const std::pair<QString, Sum> blocks[] = {{u"Valor total em caixa/banco"_s, current},
-                                                {u"Valor total de inicio em caixa/banco"_s, opening},
-                                                {u"Saldo total de movimentação "_s, moved}};
+                                              {u"Valor total de inicio em caixa/banco"_s, opening},
+                                              {u"Saldo total de movimentação "_s, moved}};
     for (const auto &[caption, total] : blocks)
         text += caption + newLine + total.inReais() + newLine + newLine;
     return text;

@@ -44,8 +44,8 @@ enum class BalanceMode {
 class BalanceLoad
 {
 public:
-    /// With `recompute` the current balance counts every settled payable, receivable and movement that names the
-    /// account; otherwise it is the opening balance. Throws Error.
+    /// With `recompute` the current balance counts every settled payable, receivable and movement that names
+    /// the account; otherwise it is the opening balance. Throws Error.
     BalanceLoad(std::shared_ptr<Connection> connection, bool recompute);
 
     /// Works until every account is done (true) or the time is up. Throws Error.
@@ -70,8 +70,8 @@ namespace accounts {
 BalanceMode balanceMode(const QString &setting);
 /// The balances of every account, computed at once. Throws Error.
 std::vector<AccountBalance> balances(std::shared_ptr<Connection> connection, bool recompute = true);
-/// Makes the balances follow a change of entries or movements; the outcome is that of computing them anew. False
-/// when that is what it takes: it is not known what the rows were.
+/// Makes the balances follow a change of entries or movements; the outcome is that of computing them anew.
+/// False when that is what it takes: it is not known what the rows were.
 bool follow(std::vector<AccountBalance> &balances, const Change &change);
 
 std::vector<ListColumn> columns();

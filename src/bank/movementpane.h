@@ -10,8 +10,8 @@ class MovementPane;
 }
 class QAction;
 
-/// The tab of bank movements: list, filter boxes, order, commands and totals line. The list's pop-up menu limits
-/// it to the month or the year while no period is chosen.
+/// The tab of bank movements: list, filter boxes, order, commands and totals line. The list's pop-up menu
+/// limits it to the month or the year while no period is chosen.
 class MovementPane : public ListPane
 {
     Q_OBJECT

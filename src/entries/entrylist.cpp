@@ -70,8 +70,8 @@ int columnOf(const Side &side, QStringView key)
 
 bool isNamed(Connection &connection, const Side &side, const QString &column, const QString &name)
 {
-    Statement rows =
-        connection.prepareNative(u"SELECT 1 FROM %1 WHERE %2 = ?1 LIMIT 1"_s.arg(side.table, column).toUtf8());
+    Statement rows = connection.prepareNative(
+        u"SELECT 1 FROM %1 WHERE %2 = ?1 LIMIT 1"_s.arg(side.table, column).toUtf8());
     rows.bind(1, name);
     return rows.step();
 }

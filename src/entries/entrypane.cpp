@@ -156,7 +156,8 @@ QString EntryPane::totalsText() const
 
 std::vector<std::pair<QComboBox *, QString>> EntryPane::nameBoxes() const
 {
-    return {{m_ui->contato, m_side.contactColumn}, {m_ui->centro, u"descricao"_s}, {m_ui->banco, u"origem"_s}};
+    return {
+        {m_ui->contato, m_side.contactColumn}, {m_ui->centro, u"descricao"_s}, {m_ui->banco, u"origem"_s}};
 }
 
 void EntryPane::refillFilterBoxes()

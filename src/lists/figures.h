@@ -25,7 +25,8 @@ struct Figures
     };
     Part pending, settled;
 
-    /// Counts a row in, or with a `sign` of -1 out. Every status but "Pendente", as it is written, is settled.
+    /// Counts a row in, or with a `sign` of -1 out. Every status but "Pendente", as it is written, is
+    /// settled.
     void add(std::string_view status, Money value, int sign = 1);
     Part total() const { return Part(pending) += settled; }
     Figures &operator+=(const Figures &other)

@@ -11,8 +11,8 @@
 #include <memory>
 #include <optional>
 
-/// Reads the keys of a list's rows in their order, and adds the rows up, in one pass that can be interrupted at
-/// any row: the window answers between two calls of run(). The store's own order is taken where an index
+/// Reads the keys of a list's rows in their order, and adds the rows up, in one pass that can be interrupted
+/// at any row: the window answers between two calls of run(). The store's own order is taken where an index
 /// yields it; otherwise the rows are put in order here.
 class ListLoad
 {

@@ -22,7 +22,8 @@ class ListQuery
 {
 public:
     ListQuery() = default;
-    /// `sql` is a `SELECT * FROM table …` in the program's dialect. Throws Error::Kind::Query for another one.
+    /// `sql` is a `SELECT * FROM table …` in the program's dialect. Throws Error::Kind::Query for another
+    /// one.
     explicit ListQuery(const QString &sql, const std::optional<HeadingSort> &sort = {});
 
     const QString &table() const { return m_table; }

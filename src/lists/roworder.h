@@ -20,10 +20,10 @@ public:
     /// Whether rows that the terms do not tell apart come by their keys, or in the order of add().
     enum class Ties { ByKey, AsAdded };
 
-    /// The values of `terms` are columns `firstColumn` and following of the rows. A `computed` heading (may be
-    /// null), whose cells are made from columns, orders first, and its sources come first.
-    RowOrder(std::span<const dialect::OrderTerm> terms, const std::optional<HeadingSort> &computed,
-             Ties ties, int firstColumn);
+    /// The values of `terms` are columns `firstColumn` and following of the rows. A `computed` heading (may
+    /// be null), whose cells are made from columns, orders first, and its sources come first.
+    RowOrder(std::span<const dialect::OrderTerm> terms, const std::optional<HeadingSort> &computed, Ties ties,
+             int firstColumn);
     ~RowOrder();
     Q_DISABLE_COPY_MOVE(RowOrder)
 

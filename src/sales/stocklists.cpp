@@ -122,7 +122,11 @@ std::vector<ListColumn> columns(const StockKind &kind)
         result.insert(
             cost + 1,
             {{u"margem"_s, u"Margem"_s, CellKind::Number, 70, {u"valor"_s, u"custo"_s}, writeMarkup},
-             {u"lucro"_s, u"Lucro unitário"_s, CellKind::Amount, 95, {u"valor"_s, u"custo"_s, u"moeda"_s},
+             {u"lucro"_s,
+              u"Lucro unitário"_s,
+              CellKind::Amount,
+              95,
+              {u"valor"_s, u"custo"_s, u"moeda"_s},
               writeProfit}});
     }
     return result;

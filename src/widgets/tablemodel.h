@@ -21,7 +21,8 @@ public:
     /// Replaces all rows; `rows` has as many columns as the model. The order is that of the rows.
     void setRows(RowStore rows);
 
-    /// Shows rows that are fetched by their keys; they are somebody else's and live as long as they are shown.
+    /// Shows rows that are fetched by their keys; they are somebody else's and live as long as they are
+    /// shown.
     void showKeyed(const KeyedRows *rows);
     /// The same rows, kept elsewhere from now on.
     void moveKeyed(const KeyedRows *rows);
