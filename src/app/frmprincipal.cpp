@@ -30,7 +30,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int loadAtOnce = 60; ///< milliseconds of work on tabs that are not shown, before the window answers
+constexpr int loadAtOnce = 20; ///< milliseconds of work on tabs that are not shown, before the window answers
 constexpr int betweenTries = 5'000; ///< milliseconds, to open a database that was not there
 
 } // namespace
