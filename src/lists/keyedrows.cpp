@@ -12,6 +12,31 @@ namespace {
 constexpr int windowRows = 128;
 constexpr std::size_t windowsKept = 8; ///< more than any screen shows at once
 
+/// Locks the file once for many short reads.
+class ReadLock
+{
+public:
+    explicit ReadLock(Connection &connection) : m_connection(connection), m_own(!connection.inTransaction())
+    {
+        if (m_own)
+            m_connection.executeNative("BEGIN");
+    }
+    ~ReadLock()
+    {
+        try {
+            if (m_own)
+                m_connection.executeNative("COMMIT");
+        } catch (const Error &) {
+            // Nothing was written.
+        }
+    }
+    Q_DISABLE_COPY_MOVE(ReadLock)
+
+private:
+    Connection &m_connection;
+    bool m_own;
+};
+
 } // namespace
 
 KeyedRows::KeyedRows(DatabaseSource database, quint64 serial, QByteArray rowSql,
@@ -49,6 +74,7 @@ const KeyedRows::Window &KeyedRows::windowAt(int row) const
         throw Error(Error::Kind::Data, u"o arquivo do banco de dados foi trocado por outro."_s);
     Window window{first, RowStore(int(m_columns.size()))};
     const std::vector<std::string_view> gone(m_columns.size());
+    const ReadLock lock(*connection);
     Statement rows = connection->prepareNative(m_rowSql);
     std::optional<RowReader> reader;
     for (int i = first; i < std::min(first + windowRows, rowCount()); ++i) {
