@@ -1,45 +1,33 @@
 #include "analysis/frmrelatorio.h"
 #include "ui_frmrelatorio.h"
 
+#include "entries/opencommands.h"
 #include "widgets/background.h"
 #include "widgets/listview.h"
 
 #include <QLabel>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int measuredRows = 200;
-constexpr int widestColumn = 320; ///< pixels
-constexpr int cellPadding = 24;   ///< pixels: margins and the sort arrow
-
-std::vector<ListColumn> columnsOf(const TableSource &table, const QFontMetrics &metrics)
+/// The table as it is shown; one that holds its own rows is not copied.
+std::shared_ptr<const StoredTable> stored(const std::shared_ptr<const TableSource> &table)
 {
+    if (auto own = std::dynamic_pointer_cast<const StoredTable>(table))
+        return own;
     std::vector<ListColumn> columns;
-    for (int i = 0; i < table.columnCount(); ++i) {
-        int width = metrics.horizontalAdvance(table.heading(i));
-        for (int row = 0; row < std::min(table.rowCount(), measuredRows); ++row)
-            width = std::max(width, metrics.horizontalAdvance(table.cell(row, i)));
-        columns.push_back({QString::number(i), table.heading(i), table.kind(i),
-                           std::min(widestColumn, width + cellPadding)});
-    }
-    return columns;
-}
-
-RowStore rowsOf(const TableSource &table)
-{
-    RowStore rows(table.columnCount());
-    std::vector<std::string> buffers(static_cast<std::size_t>(table.columnCount()));
+    for (int i = 0; i < table->columnCount(); ++i)
+        columns.push_back({QString::number(i), table->heading(i), table->kind(i)});
+    auto copy = std::make_shared<StoredTable>(std::move(columns));
+    std::vector<std::string> buffers(static_cast<std::size_t>(table->columnCount()));
     std::vector<std::string_view> cells(buffers.size());
-    for (int row = 0; row < table.rowCount(); ++row) {
+    for (int row = 0; row < table->rowCount(); ++row) {
         for (std::size_t i = 0; i < cells.size(); ++i)
-            cells[i] = table.utf8(row, int(i), buffers[i]);
-        rows.append(cells);
+            cells[i] = table->utf8(row, int(i), buffers[i]);
+        copy->append(cells);
     }
-    return rows;
+    return copy;
 }
 
 void showText(QLabel *label, const QString &text)
@@ -78,7 +66,7 @@ frmRelatorio::frmRelatorio(Report report, ReportScreen screen, QWidget *parent)
     setAttribute(Qt::WA_DeleteOnClose);
     background::apply(this);
     for (std::size_t i = 0; i < m_report.tables.size(); ++i)
-        addList(*m_report.tables[i], m_report.tableTitles.value(qsizetype(i)));
+        addList(m_report.tables[i], m_report.tableTitles.value(qsizetype(i)));
     m_report.tables.clear();
     m_ui->divisor->setVisible(!m_lists.empty());
     showTexts();
@@ -100,7 +88,7 @@ frmRelatorio *frmRelatorio::open(Report report, QWidget *parent, ReportScreen sc
     return shown;
 }
 
-void frmRelatorio::addList(const TableSource &table, const QString &title)
+void frmRelatorio::addList(const std::shared_ptr<const TableSource> &table, const QString &title)
 {
     auto *group = new QWidget(m_ui->divisor);
     auto *layout = new QVBoxLayout(group);
@@ -109,8 +97,8 @@ void frmRelatorio::addList(const TableSource &table, const QString &title)
     list->setObjectName(m_lists.empty() ? u"lstrelatorio"_s : u"lstrelatorio%1"_s.arg(m_lists.size() + 1));
     list->setAccessibleName(title.isEmpty() ? m_report.title : title);
     list->setEmptyText(u"Nenhum registro neste relatório"_s);
-    list->setColumns(columnsOf(table, list->fontMetrics()));
-    list->setRows(rowsOf(table));
+    list->setTable(stored(table));
+    opencommands::openOnActivation(*list);
     if (!title.isEmpty())
         layout->addWidget(new QLabel(title, group));
     layout->addWidget(list);

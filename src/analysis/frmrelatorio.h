@@ -38,12 +38,12 @@ class frmRelatorio : public QDialog
 public:
     ~frmRelatorio() override;
 
-    /// Copies the lists of `report`; their sources may go away afterwards.
+    /// Keeps the tables of `report` that hold their own rows, and copies others, whose sources may go away.
     static frmRelatorio *open(Report report, QWidget *parent, ReportScreen screen = reportscreen::general());
 
 private:
     frmRelatorio(Report report, ReportScreen screen, QWidget *parent);
-    void addList(const TableSource &table, const QString &title);
+    void addList(const std::shared_ptr<const TableSource> &table, const QString &title);
     void showTexts();
     /// The report with the lists as they are shown.
     Report shown() const;

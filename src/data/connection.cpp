@@ -459,6 +459,22 @@ void Connection::setBusyTimeout(int milliseconds)
     sqlite3_busy_timeout(m_database, milliseconds);
 }
 
+ReadLock::ReadLock(Connection &connection) : m_connection(connection), m_own(!connection.inTransaction())
+{
+    if (m_own)
+        m_connection.executeNative("BEGIN");
+}
+
+ReadLock::~ReadLock()
+{
+    try {
+        if (m_own)
+            m_connection.executeNative("COMMIT");
+    } catch (const Error &) {
+        // Nothing was written.
+    }
+}
+
 Transaction::Transaction(Connection &connection) : m_connection(connection)
 {
     m_connection.executeNative("BEGIN IMMEDIATE");

@@ -106,6 +106,20 @@ private:
     std::optional<Statement> m_dataVersion; ///< prepared once: it is asked for before every look at the data
 };
 
+/// While one lives, several queries read one state of the file, and the lock is taken once for all of them.
+/// Within a transaction it does nothing.
+class ReadLock
+{
+public:
+    explicit ReadLock(Connection &connection);
+    ~ReadLock();
+    Q_DISABLE_COPY_MOVE(ReadLock)
+
+private:
+    Connection &m_connection;
+    bool m_own;
+};
+
 /// Takes the write lock at once and rolls back unless commit() was reached. What was noted is announced after
 /// the commit.
 class Transaction

@@ -4,6 +4,11 @@
 
 #include <functional>
 
+/// Thrown by Progress::advance() when the user gave the work up; nothing is left half done.
+struct Cancelled
+{
+};
+
 /// Who is told how far a long read or write has come. The work calls it for every row; an implementation
 /// decides whether and how often anything is shown.
 class Progress

@@ -11,6 +11,7 @@ inline constexpr QStringView pending = u"Pendente";
 /// The same as the store has it.
 inline constexpr std::string_view pendingUtf8 = "Pendente";
 inline constexpr QStringView settled = u"Concluído";
+inline constexpr std::string_view settledUtf8 = "Concluído";
 
 /// The words as a status box offers them.
 inline QStringList words()

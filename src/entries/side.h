@@ -46,6 +46,13 @@ struct Side
     QString countWords;       ///< " cadastros  -  Total de despesas: "
     QString settledWords;     ///< "  -  Total pago: "
     QString quantityWords;    ///< " - Quantidade de produtos (entrada): "
+
+    // Reports.
+    QString plural;         ///< "despesas"
+    QString movementPlural; ///< in the reports of a day, a month or a year: "despesas", "lucros"
+    QString settledWord;    ///< "pago"
+    QString reportHeading;  ///< "CONTAS A PAGAR"
+
     settings::Key periodKey, statusKey, accountKey, centreKey, contactKey;
 };
 

@@ -1,14 +1,28 @@
 #include "lists/figures.h"
 
+#include "data/like.h"
 #include "data/status.h"
 
 using namespace Qt::StringLiterals;
 
-void Figures::add(std::string_view status, Money value, int sign)
+namespace {
+
+bool isWord(std::string_view status, QStringView word)
 {
-    Part &part = status == status::pendingUtf8 ? pending : settled;
-    part.count += sign;
-    addSigned(part.sum, value, sign);
+    return textorder::equalFolded(QString::fromUtf8(status.data(), qsizetype(status.size())), word);
+}
+
+} // namespace
+
+Figures::Part &Figures::partOf(std::string_view status, StatusRule rule)
+{
+    if (status == status::pendingUtf8)
+        return pending;
+    if (rule == StatusRule::Exact || status == status::settledUtf8)
+        return settled;
+    if (isWord(status, status::pending))
+        return pending;
+    return rule == StatusRule::AnyCase || isWord(status, status::settled) ? settled : other;
 }
 
 QStringList FigureTotals::columns() const
@@ -18,5 +32,5 @@ QStringList FigureTotals::columns() const
 
 void FigureTotals::add(std::span<const std::string_view> values, int sign)
 {
-    figures.add(values[0], Money::stored(values[1]), sign);
+    figures.add(values[0], Money::stored(values[1]), sign, m_rule);
 }

@@ -12,31 +12,6 @@ namespace {
 constexpr int windowRows = 128;
 constexpr std::size_t windowsKept = 8; ///< more than any screen shows at once
 
-/// Locks the file once for many short reads.
-class ReadLock
-{
-public:
-    explicit ReadLock(Connection &connection) : m_connection(connection), m_own(!connection.inTransaction())
-    {
-        if (m_own)
-            m_connection.executeNative("BEGIN");
-    }
-    ~ReadLock()
-    {
-        try {
-            if (m_own)
-                m_connection.executeNative("COMMIT");
-        } catch (const Error &) {
-            // Nothing was written.
-        }
-    }
-    Q_DISABLE_COPY_MOVE(ReadLock)
-
-private:
-    Connection &m_connection;
-    bool m_own;
-};
-
 } // namespace
 
 KeyedRows::KeyedRows(DatabaseSource database, quint64 serial, QByteArray rowSql,

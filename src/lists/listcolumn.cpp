@@ -29,4 +29,22 @@ void withCurrency(std::span<const std::string_view> values, std::string &out)
     Money::stored(values[0]).appendGrouped(out);
 }
 
+void textAndBlank(std::span<const std::string_view> values, std::string &out)
+{
+    out = values[0];
+    out += ' ';
+}
+
+void dateAndBlank(std::span<const std::string_view> values, std::string &out)
+{
+    date(values, out);
+    out += ' ';
+}
+
+void withCurrencyAndBlank(std::span<const std::string_view> values, std::string &out)
+{
+    withCurrency(values, out);
+    out += ' ';
+}
+
 } // namespace cellformat

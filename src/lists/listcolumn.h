@@ -39,4 +39,9 @@ void reais(std::span<const std::string_view> values, std::string &out);
 /// The second value is the row's currency: "€ 1.234,56".
 void withCurrency(std::span<const std::string_view> values, std::string &out);
 
+/// The formats above and the stored text, each followed by a blank.
+void textAndBlank(std::span<const std::string_view> values, std::string &out);
+void dateAndBlank(std::span<const std::string_view> values, std::string &out);
+void withCurrencyAndBlank(std::span<const std::string_view> values, std::string &out);
+
 } // namespace cellformat

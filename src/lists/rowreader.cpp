@@ -4,8 +4,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 int columnNamed(const Statement &rows, const QString &name)
 {
     for (int i = 0; i < rows.columnCount(); ++i)
@@ -13,6 +11,8 @@ int columnNamed(const Statement &rows, const QString &name)
             return i;
     throw Error(Error::Kind::Query, u"A consulta não tem a coluna \"%1\"."_s.arg(name));
 }
+
+namespace {
 
 CellFormat formatOf(const ListColumn &column)
 {

@@ -6,6 +6,10 @@
 
 class Statement;
 
+/// Where the query's column of this name stands, in any letter case. Throws Error::Kind::Query when it has
+/// none.
+int columnNamed(const Statement &rows, const QString &name);
+
 /// Makes the cells of a list from the rows of a query that yields the columns' sources. Which column of the
 /// query feeds which cell is looked up once.
 class RowReader

@@ -1,11 +1,21 @@
 #pragma once
 
+#include "data/changes.h"
 #include "lists/listcolumn.h"
 
 #include <QString>
 
+#include <optional>
 #include <string>
 #include <string_view>
+
+/// The stored row that a row of a report shows.
+struct RowOrigin
+{
+    Subject subject;
+    qint64 key;
+    quint64 file; ///< serial of the connection through which it was read
+};
 
 /// A list as reports read it: headings, and cells on demand, so that a long list is never copied.
 class TableSource
@@ -23,4 +33,6 @@ public:
         buffer = cell(row, column).toStdString();
         return buffer;
     }
+    /// Nothing for a row that stands for many, or when it is not known.
+    virtual std::optional<RowOrigin> origin(int /*row*/) const { return {}; }
 };

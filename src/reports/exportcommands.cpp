@@ -17,25 +17,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-using Save = void (*)(const QString &path, const Report &report, Progress *progress);
-
-void saveAndOffer(QWidget *parent, const Report &report, const QString &path, Save save)
-{
-    if (path.isEmpty())
-        return;
-    const bool saved = messages::guarded(parent, messages::generalPrefix, [&] {
-        WaitProgress progress(parent, u"Salvando relatório"_s,
-                              u"Por favor aguarde enquanto o arquivo é gravado."_s);
-        save(path, report, &progress);
-    });
-    if (saved)
-        exportar::offerToOpen(parent, path);
-}
-
-} // namespace
-
 namespace exportar {
 
 const ExportTexts &reportTexts()
@@ -47,14 +28,28 @@ const ExportTexts &reportTexts()
 
 void saveText(QWidget *parent, const Report &report, const ExportTexts &texts)
 {
-    const QString path = files::save(parent, texts.textTitle, texts.textFilter, u"txt"_s);
-    saveAndOffer(parent, report, path, reporttext::saveText);
+    saveFile(parent, {texts.textTitle, texts.textFilter, u"txt"_s},
+             [&](QIODevice &device, Progress *progress) { reporttext::writeText(device, report, progress); });
 }
 
 void saveHtml(QWidget *parent, const Report &report, const ExportTexts &texts)
 {
-    const QString path = files::save(parent, texts.htmlTitle, texts.htmlFilter, u"html"_s);
-    saveAndOffer(parent, report, path, reporttext::saveHtml);
+    saveFile(parent, {texts.htmlTitle, texts.htmlFilter, u"html"_s},
+             [&](QIODevice &device, Progress *progress) { reporttext::writeHtml(device, report, progress); });
+}
+
+void saveFile(QWidget *parent, const SaveChooser &chooser, const reporttext::Writer &write)
+{
+    const QString path = files::save(parent, chooser.title, chooser.filter, chooser.suffix);
+    if (path.isEmpty())
+        return;
+    const bool saved = messages::guarded(parent, messages::generalPrefix, [&] {
+        WaitProgress progress(parent, u"Salvando relatório"_s,
+                              u"Por favor aguarde enquanto o arquivo é gravado."_s);
+        reporttext::saveFile(path, write, &progress);
+    });
+    if (saved)
+        offerToOpen(parent, path);
 }
 
 void print(QWidget *parent, const Report &report, const modimpressao::PageSetup &setup)

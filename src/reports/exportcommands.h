@@ -3,6 +3,7 @@
 #include "data/error.h"
 #include "reports/modimpressao.h"
 #include "reports/report.h"
+#include "reports/reporttext.h"
 
 class Pages;
 class QPageLayout;
@@ -13,6 +14,14 @@ struct ExportTexts
 {
     QString textTitle, textFilter; ///< "Salvar relatório em txt", "Arquivos de Texto(*.txt)"
     QString htmlTitle, htmlFilter;
+};
+
+/// A chooser of a file to save.
+struct SaveChooser
+{
+    QString title;  ///< "Salvar relatório em txt"
+    QString filter; ///< "Arquivos de Texto(*.txt)"
+    QString suffix; ///< "txt"
 };
 
 /// The three commands that every list screen has on its list. Each asks for a file or a printer, shows the
@@ -27,6 +36,8 @@ const ExportTexts &reportTexts();
 void saveText(QWidget *parent, const Report &report, const ExportTexts &texts);
 /// Saves as an HTML page and offers to open the file.
 void saveHtml(QWidget *parent, const Report &report, const ExportTexts &texts);
+/// Saves what `write` writes, and offers to open the file.
+void saveFile(QWidget *parent, const SaveChooser &chooser, const reporttext::Writer &write);
 /// Shows the pages, prints them or saves them as PDF.
 void print(QWidget *parent, const Report &report, const modimpressao::PageSetup &setup = {});
 /// The same for pages that are not made from a report, such as a receipt.

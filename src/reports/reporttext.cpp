@@ -12,23 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Write = void (*)(QIODevice &device, const Report &report, Progress *progress);
-
-void save(const QString &path, const Report &report, Progress *progress, Write write)
-{
-    const QString failed = u"Não foi possível gravar o arquivo \"%1\": %2"_s;
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        throw Error(Error::Kind::File, failed.arg(path, file.errorString()));
-    try {
-        write(file, report, progress);
-    } catch (const Error &error) {
-        throw Error(Error::Kind::File, failed.arg(path, error.text()));
-    }
-    if (!file.commit())
-        throw Error(Error::Kind::File, failed.arg(path, file.errorString()));
-}
-
 void writeLine(Output &output, QStringView text)
 {
     output << text << "\n";
@@ -51,6 +34,16 @@ void writeHead(Output &output, const Report &report)
     writeLine(output, u"</center></font></p>");
 }
 
+void writeClosing(Output &output)
+{
+    writeLine(output, modimpressao::generatedLine() + u"<br>"_s);
+    writeLine(output, u"<br>");
+    writeLine(output, u"<b>"_s + html::escaped(modimpressao::companyName()) + u"</b><br>"_s);
+    writeLine(output, u"<br>");
+    writeLine(output, html::escaped(modimpressao::slogan()) + u"<br>"_s);
+    writeLine(output, modimpressao::closingHtml());
+}
+
 void writeTail(Output &output, const Report &report)
 {
     const QString statistics =
@@ -61,18 +54,46 @@ void writeTail(Output &output, const Report &report)
     writeLine(output, u"<p><font face='Arial'><center>");
     if (!statistics.isEmpty())
         writeLine(output, u"<br><b>Estatísticas</b><hr>"_s + statistics + u"<hr><br>"_s);
-    writeLine(output, modimpressao::generatedLine() + u"<br>"_s);
-    writeLine(output, u"<br>");
-    writeLine(output, u"<b>"_s + html::escaped(modimpressao::companyName()) + u"</b><br>"_s);
-    writeLine(output, u"<br>");
-    writeLine(output, html::escaped(modimpressao::slogan()) + u"<br>"_s);
-    writeLine(output, modimpressao::closingHtml());
+    writeClosing(output);
     writeLine(output, u"</center></font></p>");
 }
 
 } // namespace
 
 namespace reporttext {
+
+void writeTextClosing(QIODevice &device)
+{
+    Output output(device);
+    writeLine(output, modimpressao::generatedLine());
+    writeLine(output, u"");
+    writeLine(output, modimpressao::companyName());
+    writeLine(output, modimpressao::slogan());
+    writeLine(output, modimpressao::closingLine());
+    output.flush();
+}
+
+void writeHtmlClosing(QIODevice &device)
+{
+    Output output(device);
+    writeClosing(output);
+    output.flush();
+}
+
+void saveFile(const QString &path, const Writer &write, Progress *progress)
+{
+    const QString failed = u"Não foi possível gravar o arquivo \"%1\": %2"_s;
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        throw Error(Error::Kind::File, failed.arg(path, file.errorString()));
+    try {
+        write(file, progress);
+    } catch (const Error &error) {
+        throw Error(Error::Kind::File, failed.arg(path, error.text()));
+    }
+    if (!file.commit())
+        throw Error(Error::Kind::File, failed.arg(path, file.errorString()));
+}
 
 void writeText(QIODevice &device, const Report &report, Progress *progress)
 {
@@ -94,12 +115,8 @@ void writeText(QIODevice &device, const Report &report, Progress *progress)
         writeLine(output, line);
     if (!report.textStatistics.isEmpty())
         writeLine(output, report.textStatistics);
-    writeLine(output, modimpressao::generatedLine());
-    writeLine(output, u"");
-    writeLine(output, modimpressao::companyName());
-    writeLine(output, modimpressao::slogan());
-    writeLine(output, modimpressao::closingLine());
     output.flush();
+    writeTextClosing(device);
 }
 
 void writeHtml(QIODevice &device, const Report &report, Progress *progress)
@@ -121,12 +138,14 @@ void writeHtml(QIODevice &device, const Report &report, Progress *progress)
 
 void saveText(const QString &path, const Report &report, Progress *progress)
 {
-    save(path, report, progress, writeText);
+    saveFile(
+        path, [&](QIODevice &device, Progress *told) { writeText(device, report, told); }, progress);
 }
 
 void saveHtml(const QString &path, const Report &report, Progress *progress)
 {
-    save(path, report, progress, writeHtml);
+    saveFile(
+        path, [&](QIODevice &device, Progress *told) { writeHtml(device, report, told); }, progress);
 }
 
 } // namespace reporttext

@@ -3,6 +3,8 @@
 #include "data/progress.h"
 #include "reports/report.h"
 
+#include <functional>
+
 class QIODevice;
 
 /// Reports as files. A file is replaced only when the new one is complete; `progress` may be null. All throw
@@ -11,6 +13,15 @@ namespace reporttext {
 
 /// The product's line on every report.
 inline constexpr QStringView productLine = u"Tavaro organizando a sua vida financeira!";
+
+/// The last lines of every text file and page: when it was made, the company, its slogan, the closing line.
+void writeTextClosing(QIODevice &device);
+/// The same, within the page's centred paragraph.
+void writeHtmlClosing(QIODevice &device);
+
+using Writer = std::function<void(QIODevice &device, Progress *progress)>;
+/// Writes the file beside and puts it in place when it is complete.
+void saveFile(const QString &path, const Writer &write, Progress *progress);
 
 void writeText(QIODevice &device, const Report &report, Progress *progress);
 void writeHtml(QIODevice &device, const Report &report, Progress *progress);

@@ -20,6 +20,8 @@ frmCarregando::frmCarregando(QWidget *parent)
       m_ui(std::make_unique<Ui::frmCarregando>())
 {
     m_ui->setupUi(this);
+    m_ui->cmdcancelar->hide();
+    connect(m_ui->cmdcancelar, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 frmCarregando::~frmCarregando() = default;
@@ -40,8 +42,18 @@ void frmCarregando::setDone(qint64 done)
     m_ui->pbprogresso->setValue(int(std::clamp<qint64>(done, 0, m_ui->pbprogresso->maximum())));
 }
 
-WaitProgress::WaitProgress(QWidget *parent, QString title, QString text)
-    : m_parent(parent), m_title(std::move(title)), m_text(std::move(text))
+void frmCarregando::offerCancel()
+{
+    m_ui->cmdcancelar->show();
+}
+
+void frmCarregando::reject()
+{
+    m_cancelled = !m_ui->cmdcancelar->isHidden();
+}
+
+WaitProgress::WaitProgress(QWidget *parent, QString title, QString text, Cancel cancel)
+    : m_parent(parent), m_title(std::move(title)), m_text(std::move(text)), m_cancel(cancel)
 {
 }
 
@@ -74,7 +86,11 @@ void WaitProgress::check(qint64 done)
     m_nextCheck = done + m_step;
     if (m_screen) {
         m_screen->setDone(done);
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        const bool mayCancel = m_cancel == Cancel::Allowed;
+        QCoreApplication::processEvents(mayCancel ? QEventLoop::AllEvents
+                                                  : QEventLoop::ExcludeUserInputEvents);
+        if (mayCancel && (!m_screen || m_screen->isCancelled()))
+            throw Cancelled();
     }
 }
 
@@ -85,6 +101,8 @@ void WaitProgress::show()
         m_screen = new frmCarregando(m_parent ? m_parent->window() : nullptr);
         m_screen->setTexts(m_title, m_text);
         m_screen->setWindowModality(Qt::ApplicationModal);
+        if (m_cancel == Cancel::Allowed)
+            m_screen->offerCancel();
     }
     m_screen->setRange(total);
     if (total > 0)

@@ -25,20 +25,27 @@ public:
     /// The bar ranges over the count of what is done.
     void setRange(qint64 total);
     void setDone(qint64 done);
+    /// Offers to give the work up; without this it cannot be left half done.
+    void offerCancel();
+    bool isCancelled() const { return m_cancelled; }
 
 protected:
-    void reject() override {} ///< the work cannot be left half done
+    void reject() override; ///< Esc
 
 private:
     std::unique_ptr<Ui::frmCarregando> m_ui;
+    bool m_cancelled = false;
 };
 
 /// Shows the wait screen while a long piece of work runs: never for work too short to see, at most some fifty
-/// repaints in all. The screen goes when this object does. Pending paint events run; the user's input waits.
+/// repaints in all. The screen goes when this object does. Pending paint events run; the user's input waits,
+/// but for Esc where the work may be given up: then advance() throws Cancelled.
 class WaitProgress : public Progress
 {
 public:
-    WaitProgress(QWidget *parent, QString title, QString text);
+    enum class Cancel { Never, Allowed };
+
+    WaitProgress(QWidget *parent, QString title, QString text, Cancel cancel = Cancel::Never);
     ~WaitProgress() override;
     Q_DISABLE_COPY_MOVE(WaitProgress)
 
@@ -55,6 +62,7 @@ private:
 
     QWidget *m_parent;
     QString m_title, m_text;
+    Cancel m_cancel;
     std::function<qint64()> m_total;
     QElapsedTimer m_clock;
     QPointer<frmCarregando> m_screen;

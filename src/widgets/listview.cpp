@@ -21,6 +21,11 @@ namespace {
 
 constexpr double twipsPerPixel = 15;
 
+// Of columns that are as wide as their texts.
+constexpr int measuredRows = 200;
+constexpr int widestColumn = 320; ///< pixels
+constexpr int cellPadding = 24;   ///< pixels: margins and the sort arrow
+
 int pixelsOf(double twips)
 {
     return int(std::lround(twips / twipsPerPixel));
@@ -51,6 +56,21 @@ public:
         return true;
     }
 };
+
+std::vector<ListColumn> fitted(const StoredTable &table, const QFontMetrics &metrics)
+{
+    std::vector<ListColumn> columns = table.columns();
+    for (int i = 0; i < table.columnCount(); ++i) {
+        ListColumn &column = columns[std::size_t(i)];
+        if (column.width == 0)
+            continue;
+        int width = metrics.horizontalAdvance(column.title);
+        for (int row = 0; row < std::min(table.rowCount(), measuredRows); ++row)
+            width = std::max(width, metrics.horizontalAdvance(table.cell(row, i)));
+        column.width = std::min(widestColumn, width + cellPadding);
+    }
+    return columns;
+}
 
 int firstRowWithKey(const TableModel &table, const QString &key)
 {
@@ -105,11 +125,26 @@ void ListView::setRows(RowStore rows)
     const int selected = selectedRow();
     const QString key = selected >= 0 ? cell(selected, 0) : QString();
     const QPoint place = scrolled();
+    m_shown.reset();
     m_table->setRows(std::move(rows));
     header()->setSortIndicator(-1, Qt::AscendingOrder);
     if (!key.isEmpty())
         selectRow(firstRowWithKey(*m_table, key));
     scrollBack(place);
+}
+
+void ListView::setTable(std::shared_ptr<const StoredTable> table)
+{
+    if (!std::ranges::equal(table->columns(), m_table->columns(), {}, &ListColumn::title, &ListColumn::title))
+        setColumns(fitted(*table, fontMetrics()));
+    m_table->setRows(table->rows());
+    header()->setSortIndicator(-1, Qt::AscendingOrder);
+    m_shown = std::move(table);
+}
+
+std::optional<RowOrigin> ListView::origin(int row) const
+{
+    return m_shown ? m_shown->origin(m_table->heldRow(row)) : std::nullopt;
 }
 
 QPoint ListView::scrolled() const

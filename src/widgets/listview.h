@@ -1,6 +1,6 @@
 #pragma once
 
-#include "lists/tablesource.h"
+#include "lists/storedtable.h"
 #include "settings/listlayout.h"
 #include "widgets/tablemodel.h"
 
@@ -24,6 +24,11 @@ public:
     /// Shows `rows` in their own order. The row whose first cell was selected before is selected again if it
     /// is still there, and the list stays scrolled where it was.
     void setRows(RowStore rows);
+    /// Shows a table. Columns are as wide as their texts, those of width 0 out of sight; while the headings
+    /// stay the same, the columns stay as the user left them.
+    void setTable(std::shared_ptr<const StoredTable> table);
+    /// The stored row that a row of a table shows; nothing for other lists and rows.
+    std::optional<RowOrigin> origin(int row) const;
     int rowCount() const { return m_table->rowCount(); }
     QString cell(int row, int column) const { return m_table->cell(row, column); }
     /// The selected rows, top to bottom.
@@ -69,6 +74,7 @@ private:
     int firstVisibleColumn() const;
 
     TableModel *m_table;
+    std::shared_ptr<const StoredTable> m_shown; ///< of setTable()
     QString m_emptyText;
     std::vector<double> m_givenWidths; ///< of applyLayout(), finer than pixels
 };

@@ -136,12 +136,12 @@ void TableModel::setColumns(std::vector<ListColumn> columns)
     endResetModel();
 }
 
-void TableModel::setRows(RowStore rows)
+void TableModel::setRows(std::shared_ptr<const RowStore> rows)
 {
-    Q_ASSERT(rows.columnCount() == int(m_columns.size()));
+    Q_ASSERT(rows->columnCount() == int(m_columns.size()));
     beginResetModel();
     m_keyed = nullptr;
-    m_rows = std::make_shared<RowStore>(std::move(rows));
+    m_rows = std::move(rows);
     m_order.resize(std::size_t(m_rows->rowCount()));
     std::iota(m_order.begin(), m_order.end(), 0U);
     endResetModel();

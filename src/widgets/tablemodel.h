@@ -19,7 +19,10 @@ public:
     void setColumns(std::vector<ListColumn> columns);
     const std::vector<ListColumn> &columns() const { return m_columns; }
     /// Replaces all rows; `rows` has as many columns as the model. The order is that of the rows.
-    void setRows(RowStore rows);
+    void setRows(RowStore rows) { setRows(std::make_shared<const RowStore>(std::move(rows))); }
+    void setRows(std::shared_ptr<const RowStore> rows);
+    /// Which of the held rows is shown in a row.
+    int heldRow(int row) const { return int(m_order[std::size_t(row)]); }
 
     /// Shows rows that are fetched by their keys; they are somebody else's and live as long as they are
     /// shown.
