@@ -1,8 +1,10 @@
 #include "app/frmprincipal.h"
 #include "ui_frmprincipal.h"
 
+#include "analysis/frmconfextrato.h"
 #include "app/externaltools.h"
 #include "app/frmconfigsoft.h"
+#include "app/reportmenus.h"
 #include "app/screencommands.h"
 #include "bank/accountpane.h"
 #include "bank/movementpane.h"
@@ -84,6 +86,9 @@ void frmPrincipal::connectCommands()
     connect(m_ui->mnucadrececeber, &QAction::triggered, m_receivables->addCommand, &QAction::trigger);
     connect(m_ui->mnucadbancario, &QAction::triggered, m_movements->addCommand, &QAction::trigger);
     connectScreenCommands(*this);
+    makeReportMenus(*this);
+    connect(m_accounts->statementCommand, &QAction::triggered, this,
+            [this] { frmconfextrato::open(this, m_accounts->selectedAccount()); });
     connect(m_ui->mnucadbancos, &QAction::triggered, m_accounts->addCommand, &QAction::trigger);
     connect(m_ui->mnuviscaixabanco, &QAction::triggered, this, [this] {
         showTab(AccountsTab);

@@ -49,6 +49,8 @@ void AccountPane::makeCommands()
         command(u"cmdalterarb"_s, listcommand::editLook(u"Altera o saldo inicial e as informações"_s));
     removeCommand =
         command(u"cmdremoverb"_s, listcommand::removeLook(u"Remove o caixa ou banco selecionado"_s));
+    statementCommand = command(u"cmdconfbanc"_s, {u"Extrato"_s, u"view-financial-account-checking"_s,
+                                                  u"Extrato do caixa ou banco selecionado"_s});
     addListExport(m_ui->comandos, *m_ui->lstcaixabanco, u"b"_s, [this] {
         return Report{.title = u"Caixas e bancos"_s,
                       .subtitle = u"Saldos"_s,
@@ -60,6 +62,12 @@ void AccountPane::makeCommands()
     connect(removeCommand, &QAction::triggered, this, &AccountPane::removeSelected);
     connect(m_ui->lstcaixabanco, &ListView::rowActivated, editCommand, &QAction::trigger);
     connect(m_ui->lstcaixabanco, &ListView::removeRequested, removeCommand, &QAction::trigger);
+}
+
+QString AccountPane::selectedAccount() const
+{
+    const int row = m_ui->lstcaixabanco->selectedRow();
+    return row < 0 ? QString() : m_ui->lstcaixabanco->cell(row, 0);
 }
 
 bool AccountPane::refresh()

@@ -35,8 +35,10 @@ public:
     bool isCommanding() const { return m_isCommanding; }
     /// While balances are computed.
     bool isLoading() const { return m_work.isRunning(); }
+    /// The account in the selected row; empty without one.
+    QString selectedAccount() const;
 
-    QAction *addCommand, *editCommand, *removeCommand;
+    QAction *addCommand, *editCommand, *removeCommand, *statementCommand;
 
 Q_SIGNALS:
     /// The balances are known.

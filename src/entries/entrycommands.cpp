@@ -5,6 +5,7 @@
 #include "entries/entrylist.h"
 #include "entries/entrypane.h"
 #include "entries/frmadicionar.h"
+#include "entries/frmfincli.h"
 #include "entries/frmmultiplos.h"
 #include "settings/database.h"
 #include "widgets/listview.h"
@@ -22,6 +23,7 @@ EntryCommands::EntryCommands(EntryPane &pane, EntryPane &stockPane, QObject *par
     connect(pane.removeCommand, &QAction::triggered, this, &EntryCommands::remove);
     connect(pane.installmentsCommand, &QAction::triggered, this,
             [this] { frmMultiplos::openFor(m_pane.side(), m_pane.window()); });
+    connect(pane.historyCommand, &QAction::triggered, this, &EntryCommands::openHistory);
     connect(pane.settleCommand, &QAction::triggered, this, &EntryCommands::settle);
 }
 
@@ -41,6 +43,15 @@ void EntryCommands::edit()
     if (row >= 0)
         frmAdicionar::openEdit(m_pane.side(), QString::number(m_pane.feed().key(row)), m_pane.window(),
                                m_pane.feed().serial());
+}
+
+void EntryCommands::openHistory()
+{
+    const Side &side = m_pane.side();
+    const int row = m_pane.list().selectedRow();
+    const QString name =
+        row < 0 ? QString() : m_pane.list().cell(row, entrylist::columnOf(side, side.contactColumnKey));
+    frmFinCli::open(historyOf(side.contacts), m_pane.window(), {.name = name, .code = {}});
 }
 
 std::optional<EntryRemoval> EntryCommands::removalOf(int row)

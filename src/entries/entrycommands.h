@@ -22,6 +22,7 @@ private:
     void add();
     void edit();
     void remove();
+    void openHistory();
     void settle();
     /// Runs a change, which says whether all of its entries were still there, and has the lists follow.
     void tellAfter(const QString &title, QStringView prefix, const std::function<bool()> &work);

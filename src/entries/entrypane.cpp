@@ -28,6 +28,9 @@ const EntryPaneNames &payablePaneNames()
                                       .remove = u"cmdremoverd"_s,
                                       .settle = u"popbaixapagar"_s,
                                       .installments = u"cmdmultiplosp"_s,
+                                      .history = u"cmdhistoricoforn"_s,
+                                      .months = u"cmdmesp"_s,
+                                      .goals = u"cmdprojecaop"_s,
                                       .exportSuffix = u"p"_s,
                                       .reportTitle = u"Contas a pagar"_s,
                                       .pages = modimpressao::ListKind::Payables,
@@ -52,6 +55,9 @@ const EntryPaneNames &receivablePaneNames()
                                       .remove = u"cmdremoverr"_s,
                                       .settle = u"popbaixareceber"_s,
                                       .installments = u"cmdmultiplosr"_s,
+                                      .history = u"cmdhistoricocli"_s,
+                                      .months = u"cmdmesr"_s,
+                                      .goals = u"cmdprojecoesr"_s,
                                       .exportSuffix = u"r"_s,
                                       .reportTitle = u"Contas a receber"_s,
                                       .pages = modimpressao::ListKind::Receivables,
@@ -118,6 +124,15 @@ void EntryPane::makeCommands()
     removeCommand = command(m_names.remove, listcommand::removeLook(u"Remove os lançamentos selecionados"_s));
     settleCommand = command(m_names.settle, {u"Efetuar baixa"_s, u"dialog-ok-apply"_s,
                                              u"Marca o lançamento selecionado como concluído hoje"_s});
+    historyCommand = command(m_names.history, {u"Histórico"_s, u"view-financial-list"_s,
+                                               u"Todos os lançamentos de quem está na linha selecionada"_s});
+    const auto button = [this](const QString &name, const listcommand::Look &look) {
+        return listcommand::addButton(m_ui->comandos, *m_ui->lista, name, look);
+    };
+    monthsCommand = button(
+        m_names.months, {u"Por mês"_s, u"view-calendar"_s, u"Os lançamentos de um ano, separados por mês"_s});
+    goalsCommand = button(
+        m_names.goals, {u"Metas"_s, u"office-chart-line"_s, u"A meta de um mês e o que já foi efetivado"_s});
     addListExport(
         m_ui->comandos, *m_ui->lista, m_names.exportSuffix, [this] { return report(); }, m_names.pages);
     connect(m_ui->lista, &ListView::rowActivated, editCommand, &QAction::trigger);

@@ -18,6 +18,7 @@ struct EntryPaneNames
     QString basedOn, status, account, centre, contact, period; ///< filter boxes
     QString list, totals;
     QString add, edit, remove, settle, installments; ///< commands
+    QString history, months, goals;                  ///< commands that look back and ahead
     QString exportSuffix;                            ///< ends the names of the print and export commands
     QString reportTitle;
     modimpressao::ListKind pages; ///< how the list is printed
@@ -39,6 +40,7 @@ public:
     const Side &side() const { return m_side; }
 
     QAction *addCommand, *editCommand, *removeCommand, *settleCommand, *installmentsCommand;
+    QAction *historyCommand, *monthsCommand, *goalsCommand;
 
 protected:
     QString query() const override;

@@ -2,6 +2,7 @@
 #include "ui_frmcliente.h"
 
 #include "entries/frmcadcli.h"
+#include "entries/frmfincli.h"
 #include "reports/listexportcommands.h"
 #include "settings/database.h"
 #include "stock/frmconfetiqueta.h"
@@ -30,7 +31,8 @@ frmCliente::frmCliente(const ContactSide &side, QWidget *parent)
     m_ui->cboordenar->addItems(contact::sortChoices(side));
     m_ui->cboordem->addItems(contact::directionChoices());
 
-    for (QAction *action : {m_ui->novo, m_ui->editar, m_ui->remover, m_ui->mnuemail, m_ui->mnumaladireta})
+    for (QAction *action :
+         {m_ui->novo, m_ui->editar, m_ui->remover, m_ui->financeiro, m_ui->mnuemail, m_ui->mnumaladireta})
         m_ui->lstcontato->addAction(action);
     for (QAction *action : m_ui->tbrbarra->actions())
         if (!action->isSeparator())
@@ -56,6 +58,7 @@ void frmCliente::connectCommands()
     connect(m_ui->remover, &QAction::triggered, this, &frmCliente::removeSelected);
     connectExports(
         this, {m_ui->imprimir, m_ui->txt, m_ui->html}, [this] { return report(); }, exportTexts());
+    connect(m_ui->financeiro, &QAction::triggered, this, &frmCliente::openHistory);
     connect(m_ui->mala, &QAction::triggered, this, &frmCliente::mergeMail);
     connect(m_ui->mnumaladireta, &QAction::triggered, this, &frmCliente::mergeMail);
     connect(m_ui->mnuemail, &QAction::triggered, this, &frmCliente::writeEmail);
@@ -115,6 +118,12 @@ void frmCliente::removeSelected()
     });
     if (!removed)
         refresh(); // the contact may be gone
+}
+
+void frmCliente::openHistory()
+{
+    if (const QString code = selectedOrTell(); !code.isEmpty())
+        frmFinCli::open(historyOf(m_side), this, {.name = {}, .code = code});
 }
 
 void frmCliente::writeEmail()

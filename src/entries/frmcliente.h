@@ -31,6 +31,7 @@ private:
     QString selectedOrTell();
     void editSelected();
     void removeSelected();
+    void openHistory();
     void writeEmail();
     void mergeMail();
     Report report() const;

@@ -22,15 +22,18 @@
 #include "widgets/frmcarregando.h"
 #include "widgets/listview.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
 #include <QLocale>
 #include <QPalette>
+#include <QPushButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
@@ -178,6 +181,43 @@ void contacts(Pictures &pictures, frmPrincipal &window)
     pictures.takeAndClose(frmConfEtiqueta::open(u"Select * from cliente"_s, &window), u"etiquetas"_s);
 }
 
+/// What a menu command shows, and what a button of it shows then.
+struct CommandPicture
+{
+    QString command, button;
+};
+
+QDialog *newestDialog(const frmPrincipal &window)
+{
+    QDialog *newest = nullptr;
+    for (QDialog *dialog : window.findChildren<QDialog *>())
+        if (dialog->isVisible() && dialog->isWindow())
+            newest = dialog;
+    return newest;
+}
+
+void commandScreens(Pictures &pictures, frmPrincipal &window)
+{
+    const CommandPicture commands[] = {
+        {u"mnufincli"_s, u"cmdverificar"_s},
+        {u"mnuextrato"_s, u"cmdvisualizar"_s},
+        {u"mnuestbancos"_s, u"cmdok"_s},
+    };
+    for (const auto &[command, button] : commands) {
+        window.findChild<QAction *>(command)->trigger();
+        QDialog *asking = newestDialog(window);
+        for (QComboBox *box : asking->findChildren<QComboBox *>())
+            box->setCurrentIndex(std::max(0, box->currentIndex()));
+        pictures.take(*asking, command);
+        if (!button.isEmpty()) {
+            asking->findChild<QPushButton *>(button)->click();
+            pictures.take(*newestDialog(window), command + u"-resultado"_s);
+        }
+        for (QDialog *shown = newestDialog(window); shown; shown = newestDialog(window))
+            shown->close();
+    }
+}
+
 void screens(Pictures &pictures, frmPrincipal &window)
 {
     entryScreens(pictures, window);
@@ -241,6 +281,7 @@ int main(int argc, char *argv[])
     movements(pictures, window);
     contacts(pictures, window);
     periodViews(pictures, window);
+    commandScreens(pictures, window);
     reports(pictures, window);
     return pictures.failed() ? 1 : 0;
 }
