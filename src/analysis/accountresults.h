@@ -14,7 +14,7 @@ struct ResultFilter
     enum class Span { Day, Month, Year, Range };
 
     Span span = Span::Day;
-    QDate today;                 ///< of Span::Day
+    QDate today = {};            ///< of Span::Day
     int year = 0, month = 0;     ///< of Span::Month and Span::Year
     QDate first = {}, last = {}; ///< of Span::Range
 };

@@ -42,6 +42,8 @@ frmConfGrafico *frmConfGrafico::open(Page page, QWidget *parent)
         }))
         return nullptr;
     screen->m_ui->xtab->setCurrentIndex(page);
+    setTabOrder(screen->previousInFocusChain(), screen->m_ui->cmdsair); // the tabs' fields come before it
+    screen->m_ui->xtab->setFocus();
     screen->prepare();
     return shown(std::move(screen));
 }

@@ -12,6 +12,7 @@ frmEstatisticas::frmEstatisticas(QWidget *parent)
 {
     m_ui->setupUi(this);
     prepare();
+    m_ui->cmdsair->setFocus();
     connectExports(this, {m_ui->cmdimprimir, m_ui->cmdtxt, m_ui->cmdhtml}, [this] {
         return Report{.title = windowTitle(),
                       .lines = {m_ui->lbltitulotamanho->text() + u' ' + m_ui->lbltamanho->text(),

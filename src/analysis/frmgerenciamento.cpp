@@ -28,6 +28,8 @@ frmGerenciamento *frmGerenciamento::open(Tab tab, QWidget *parent)
         }))
         return nullptr;
     screen->m_ui->xtab->setCurrentIndex(tab);
+    setTabOrder(screen->previousInFocusChain(), screen->m_ui->cmdsair); // the tabs' fields come before it
+    screen->m_ui->xtab->setFocus();
     screen->prepare();
     return shown(std::move(screen));
 }

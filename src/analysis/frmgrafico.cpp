@@ -28,10 +28,11 @@ frmGrafico::frmGrafico(ChartData chart, QWidget *parent)
     setWindowTitle(m_chart.caption);
     auto *pane = new ChartPane(m_chart, this);
     pane->setObjectName(u"grafico"_s);
-    m_ui->corpo->insertWidget(0, pane, 3);
+    m_ui->corpo->insertWidget(0, pane, 2);
     m_ui->corpo->setStretch(1, 1);
     m_ui->lbltituloest->setText(m_chart.heading);
     m_ui->txtestatisticas->setPlainText(m_chart.lines.join(u'\n'));
+    m_ui->txtestatisticas->setFocus();
     connect(m_ui->cmdimprimir, &QPushButton::clicked, this, &frmGrafico::print);
     connect(m_ui->cmdpng, &QPushButton::clicked, this, &frmGrafico::savePng);
     connect(m_ui->cmdsvg, &QPushButton::clicked, this, &frmGrafico::saveSvg);
