@@ -1,6 +1,5 @@
 #include "analysis/chartpane.h"
 
-#include <QApplication>
 #include <QBarCategoryAxis>
 #include <QBarSeries>
 #include <QBarSet>
@@ -20,28 +19,38 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double barWidth = 0.8;      ///< of a category's room
-constexpr double labelGap = 3;        ///< between a bar and its amount
-constexpr QSizeF paperSize(760, 480); ///< of the least drawing on paper, in the units of the screen
+constexpr double barWidth = 0.8; ///< of a category's room
+constexpr double labelGap = 3;   ///< between a bar and its amount
+/// On paper: the least room for a chart, and its letters, in the same unit.
+constexpr QSizeF paperSize(760, 480);
+constexpr int letterSize = 13;
 
 /// Colours that people of any colour vision tell apart, in light and on dark.
 constexpr std::array<QRgb, 4> barColours{0x0072B2, 0xE69F00, 0x009E73, 0xCC79A7};
 constexpr std::array<QRgb, 4> barColoursOnDark{0x56B4E9, 0xE69F00, 0x009E73, 0xCC79A7};
 
-struct ChartColours
+/// How a chart looks: as the screen does, or as paper.
+struct ChartLook
 {
+    QFont font;
     QColor background, text, grid;
     const std::array<QRgb, 4> &bars;
 
-    static ChartColours ofPalette(const QPalette &palette)
+    static ChartLook ofScreen(const QWidget &screen)
     {
-        const QColor base = palette.color(QPalette::Base), text = palette.color(QPalette::Text);
+        const QColor base = screen.palette().color(QPalette::Base),
+                     text = screen.palette().color(QPalette::Text);
         const bool isDark = base.lightness() < text.lightness();
         QColor grid = text;
         grid.setAlphaF(0.25F);
-        return {base, text, grid, isDark ? barColoursOnDark : barColours};
+        return {screen.font(), base, text, grid, isDark ? barColoursOnDark : barColours};
     }
-    static ChartColours ofPaper() { return {Qt::white, Qt::black, QColor(0xC0, 0xC0, 0xC0), barColours}; }
+    static ChartLook ofPaper()
+    {
+        QFont font(u"Arial"_s);
+        font.setPixelSize(letterSize);
+        return {font, Qt::white, Qt::black, QColor(0xC0, 0xC0, 0xC0), barColours};
+    }
 };
 
 double drawn(Money money)
@@ -53,13 +62,14 @@ double drawn(Money money)
 class BarAmounts : public QObject
 {
 public:
-    BarAmounts(QChart *chart, QBarSeries *bars, const ChartData &data, const ChartColours &colours)
+    BarAmounts(QChart *chart, QBarSeries *bars, const ChartData &data, const ChartLook &look)
         : QObject(chart), m_chart(chart), m_bars(bars), m_data(data)
     {
         for (const ChartSeries &series : data.series)
             for (const Sum &value : series.values) {
                 auto *text = new QGraphicsSimpleTextItem(value.inReais(), chart);
-                text->setBrush(colours.text);
+                text->setFont(look.font);
+                text->setBrush(look.text);
                 text->setZValue(100);
                 m_texts.push_back(text);
             }
@@ -94,7 +104,7 @@ private:
     std::vector<QGraphicsSimpleTextItem *> m_texts;
 };
 
-void addAxes(QChart *chart, QBarSeries *bars, const ChartData &data, const ChartColours &colours)
+void addAxes(QChart *chart, QBarSeries *bars, const ChartData &data, const ChartLook &look)
 {
     auto *categories = new QBarCategoryAxis(chart);
     categories->append(data.categories);
@@ -108,10 +118,10 @@ void addAxes(QChart *chart, QBarSeries *bars, const ChartData &data, const Chart
         amounts->append(chartdata::tickText(tick), drawn(tick));
     for (QAbstractAxis *axis :
          {static_cast<QAbstractAxis *>(categories), static_cast<QAbstractAxis *>(amounts)}) {
-        axis->setLabelsFont(QApplication::font());
-        axis->setLabelsColor(colours.text);
-        axis->setGridLineColor(colours.grid);
-        axis->setLinePenColor(colours.grid);
+        axis->setLabelsFont(look.font);
+        axis->setLabelsColor(look.text);
+        axis->setGridLineColor(look.grid);
+        axis->setLinePenColor(look.grid);
     }
     chart->addAxis(categories, Qt::AlignBottom);
     chart->addAxis(amounts, Qt::AlignLeft);
@@ -119,7 +129,7 @@ void addAxes(QChart *chart, QBarSeries *bars, const ChartData &data, const Chart
     bars->attachAxis(amounts);
 }
 
-QChart *makeChart(const ChartData &data, const ChartColours &colours)
+QChart *makeChart(const ChartData &data, const ChartLook &look)
 {
     auto *chart = new QChart;
     auto *bars = new QBarSeries(chart);
@@ -128,24 +138,24 @@ QChart *makeChart(const ChartData &data, const ChartColours &colours)
         auto *bar = new QBarSet(data.series[i].name, bars);
         for (const Sum &value : data.series[i].values)
             bar->append(drawn(chartdata::clamped(value)));
-        bar->setColor(QColor(colours.bars[i % colours.bars.size()]));
-        bar->setPen(QPen(colours.text, 0.5));
+        bar->setColor(QColor(look.bars[i % look.bars.size()]));
+        bar->setPen(QPen(look.text, 0.5));
         bars->append(bar);
     }
     chart->addSeries(bars);
-    addAxes(chart, bars, data, colours);
-    chart->setBackgroundBrush(colours.background);
+    addAxes(chart, bars, data, look);
+    chart->setBackgroundBrush(look.background);
     chart->setBackgroundRoundness(0);
     chart->layout()->setContentsMargins(0, 0, 0, 0);
-    QFont titleFont = QApplication::font();
+    QFont titleFont = look.font;
     titleFont.setBold(true);
     chart->setTitleFont(titleFont);
-    chart->setTitleBrush(colours.text);
-    chart->setTitle(data.title);
+    chart->setTitleBrush(look.text);
+    chart->setTitle(data.title.toHtmlEscaped() + u"<br>"_s); // apart from the topmost amount at the axis
     chart->legend()->setAlignment(Qt::AlignBottom);
-    chart->legend()->setFont(QApplication::font());
-    chart->legend()->setLabelColor(colours.text);
-    new BarAmounts(chart, bars, data, colours);
+    chart->legend()->setFont(look.font);
+    chart->legend()->setLabelColor(look.text);
+    new BarAmounts(chart, bars, data, look);
     return chart;
 }
 
@@ -166,9 +176,9 @@ ChartPane::ChartPane(ChartData chart, QWidget *parent)
 void ChartPane::paint(const ChartData &chart, QPainter &painter, const QRectF &where)
 {
     QGraphicsScene scene;
-    QChart *shown = makeChart(chart, ChartColours::ofPaper());
+    QChart *shown = makeChart(chart, ChartLook::ofPaper());
     scene.addItem(shown);
-    // As much room as letters of the screen's size need, in the shape of the place.
+    // As much room as the letters need, in the shape of the place.
     const double scale = std::max(paperSize.width() / where.width(), paperSize.height() / where.height());
     shown->resize(where.size() * scale);
     shown->layout()->activate();
@@ -179,14 +189,14 @@ void ChartPane::paint(const ChartData &chart, QPainter &painter, const QRectF &w
 void ChartPane::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationFontChange)
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
         draw();
 }
 
 void ChartPane::draw()
 {
     QChart *former = m_view->chart();
-    m_view->setChart(makeChart(m_chart, ChartColours::ofPalette(palette())));
+    m_view->setChart(makeChart(m_chart, ChartLook::ofScreen(*this)));
     m_view->setBackgroundBrush(palette().base());
     delete former;
 }
