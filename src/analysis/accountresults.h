@@ -6,6 +6,8 @@
 #include "entries/side.h"
 #include "lists/storedtable.h"
 
+#include <QDate>
+
 #include <optional>
 
 /// Which days the comparison of expenses and profits counts.

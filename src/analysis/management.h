@@ -6,6 +6,8 @@
 #include "entries/side.h"
 #include "lists/storedtable.h"
 
+#include <QDate>
+
 #include <optional>
 
 /// Which entries the management screen asks for, and in which words it tells of them.

@@ -11,7 +11,7 @@
 
 /// What the rows of one pass add up to by a text column, asked for by name: a name gets what the rows whose
 /// text is `like` it add up to. A name without wildcards is looked up, one with them (% and _) is compared
-/// with every text that there is. `Sums` is added up with +=.
+/// with every text that there is. `Sums` is added up with +=. All rows come before the first question.
 template <typename Sums>
 class NameGroups
 {
@@ -29,7 +29,6 @@ public:
                 found = m_groups.emplace(std::string(text), Sums()).first;
             m_last = &*found;
         }
-        m_folded.clear();
         return m_last->second;
     }
 
