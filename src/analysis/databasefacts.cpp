@@ -17,7 +17,7 @@ namespace databasefacts {
 
 QString size()
 {
-    constexpr qint64 bytesInMegabyte = 1024 * 1024;
+    constexpr qint64 bytesInMegabyte = 1'048'576;
     const qint64 bytes = QFileInfo(programfolder::file(schema::fileName.toString())).size();
     const Decimal megabytes = *Decimal::fromInteger(bytes).dividedBy(Decimal::fromInteger(bytesInMegabyte));
     return megabytes.grouped() + u" MegaBytes"_s;
