@@ -51,6 +51,7 @@ struct Side
     QString plural;         ///< "despesas"
     QString movementPlural; ///< in the reports of a day, a month or a year: "despesas", "lucros"
     QString settledWord;    ///< "pago"
+    QString settledTitle;   ///< column heading: "Pago"
     QString reportHeading;  ///< "CONTAS A PAGAR"
 
     settings::Key periodKey, statusKey, accountKey, centreKey, contactKey;

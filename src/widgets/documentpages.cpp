@@ -57,6 +57,7 @@ public:
     bool operator()(const PageText &block);
     bool operator()(const PageRule &block);
     bool operator()(const PageTable &block);
+    bool operator()(const PagePicture &block);
 
 private:
     const std::vector<PageBlock> &blocks() const { return m_pages.m_document.blocks; }
@@ -165,6 +166,22 @@ bool DocumentPages::Setter::operator()(const PageTable &block)
         if (m_rowDone)
             m_rowDone();
     }
+    return true;
+}
+
+bool DocumentPages::Setter::operator()(const PagePicture &block)
+{
+    const double wanted = spacing(m_pages.m_font, block.lines);
+    if (!hasRoom(wanted))
+        return false;
+    const double height = std::min(wanted, m_bottom - m_y);
+    if (m_painter) {
+        m_painter->save();
+        block.paint(*m_painter, QRectF(0, m_y, m_width, height));
+        m_painter->restore();
+    }
+    m_y += height;
+    m_isFresh = false;
     return true;
 }
 

@@ -1,6 +1,11 @@
 // Pictures of every screen, made from a demo database: tavaro-telas PASTA SAÍDA [--escuro]
 
+#include "analysis/frmconfgrafico.h"
+#include "analysis/frmestatisticas.h"
+#include "analysis/frmgerenciamento.h"
+#include "analysis/frmrelacaodesluc.h"
 #include "analysis/frmrelatorio.h"
+#include "analysis/statisticscommands.h"
 #include "app/frmconfigsoft.h"
 #include "app/frmprincipal.h"
 #include "app/icons.h"
@@ -30,6 +35,7 @@
 #include <QLocale>
 #include <QPalette>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
 
@@ -251,6 +257,41 @@ void stockScreens(Pictures &pictures, frmPrincipal &window)
     stock->close();
 }
 
+/// Takes the picture of a screen that a command opened.
+void takeOpened(Pictures &pictures, QWidget &window, const QString &objectName, const QString &name)
+{
+    for (QDialog *screen : window.findChildren<QDialog *>(objectName))
+        if (screen->isVisible())
+            pictures.takeAndClose(screen, name);
+}
+
+void statistics(Pictures &pictures, frmPrincipal &window)
+{
+    statisticscommands::movementReport(receivable(), ViewPeriod::Month, &window);
+    takeOpened(pictures, window, u"frmRelatorio"_s, u"movimentomensal"_s);
+    statisticscommands::statistics(payableFigures(), ViewPeriod::Year, &window);
+    takeOpened(pictures, window, u"frmEstatistica"_s, u"estatistica"_s);
+    statisticscommands::centres(payable(), &window);
+    takeOpened(pictures, window, u"frmRelatorio"_s, u"estatisticaplano"_s);
+    statisticscommands::stock(&window);
+    takeOpened(pictures, window, u"frmRelatorio"_s, u"estatisticaestoque"_s);
+    statisticscommands::chart(receivableFigures(), ViewPeriod::Year, &window);
+    takeOpened(pictures, window, u"frmGrafico"_s, u"grafico"_s);
+    frmConfGrafico *options = frmConfGrafico::open(frmConfGrafico::BothSides, &window);
+    options->findChild<QPushButton *>(u"cmdgradr"_s)->click();
+    takeOpened(pictures, *options, u"frmGrafico"_s, u"graficodr"_s);
+    options->findChild<QTabWidget *>(u"xtab"_s)->setCurrentIndex(frmConfGrafico::Payables);
+    pictures.takeAndClose(options, u"confgrafico"_s);
+    frmGerenciamento *management = frmGerenciamento::open(frmGerenciamento::Payables, &window);
+    management->findChild<QPushButton *>(u"cmdconsultardesp"_s)->click();
+    pictures.takeAndClose(management, u"gerenciamento"_s);
+    frmRelacaoDesLuc *results = frmRelacaoDesLuc::open(&window);
+    results->findChild<QRadioButton *>(u"optano"_s)->setChecked(true);
+    results->findChild<QPushButton *>(u"cmdconsultar"_s)->click();
+    pictures.takeAndClose(results, u"relacaodesluc"_s);
+    pictures.takeAndClose(frmEstatisticas::open(&window), u"estatisticasbanco"_s);
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -283,5 +324,6 @@ int main(int argc, char *argv[])
     periodViews(pictures, window);
     commandScreens(pictures, window);
     reports(pictures, window);
+    statistics(pictures, window);
     return pictures.failed() ? 1 : 0;
 }
