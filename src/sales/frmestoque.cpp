@@ -70,7 +70,9 @@ void frmestoque::connectControls()
 void frmestoque::loadProducts()
 {
     messages::guarded(this, messages::generalPrefix, [this] {
-        ProductList products = products::list(*openDatabase());
+        const std::shared_ptr<Connection> connection = openDatabase();
+        ProductList products = products::list(*connection);
+        m_productsFile = connection->serial();
         m_ui->lblprodutoest->setText(products.summary());
         m_ui->lstprodutos->setRows(std::move(products.rows));
     });
@@ -98,7 +100,7 @@ void frmestoque::editSelected()
 {
     const QString name = selectedOrTell();
     if (!name.isEmpty())
-        frmcadproduto::openEdit(name, this);
+        frmcadproduto::openEdit(name, this, m_productsFile);
 }
 
 void frmestoque::removeSelected()
@@ -106,10 +108,8 @@ void frmestoque::removeSelected()
     const QString name = selectedOrTell();
     if (name.isEmpty())
         return;
-    const bool removed =
-        messages::guarded(this, messages::removePrefix, [&] { products::remove(*openDatabase(), name); });
-    if (removed)
-        Changes::announce(Subject::Products);
+    messages::guarded(this, messages::removePrefix,
+                      [&] { products::remove(*openDatabase(m_productsFile), name); });
 }
 
 Report frmestoque::report()

@@ -37,4 +37,5 @@ private:
     std::unique_ptr<Ui::frmestoque> m_ui;
     StockListPane *m_sales;
     StockListPane *m_purchases;
+    quint64 m_productsFile = 0; ///< serial of the file that the products were read from
 };

@@ -30,6 +30,12 @@ qint64 ListFeed::key(int row) const
     return m_view.table().keyed()->key(row);
 }
 
+quint64 ListFeed::serial() const
+{
+    const KeyedRows *shown = m_view.table().keyed();
+    return shown ? shown->serial() : m_list.rows().serial();
+}
+
 std::optional<qint64> ListFeed::selectedKey() const
 {
     const int row = m_view.selectedRow();

@@ -34,8 +34,8 @@ public:
     const RowTotals &totals() const { return m_list.totals(); }
     int rowCount() const { return m_list.rows().rowCount(); }
     qint64 key(int row) const;
-    /// Of the file that the rows were read from; 0 before the first load. For openDatabase(serial).
-    quint64 serial() const { return m_list.rows().serial(); }
+    /// Of the file that the rows shown are from; 0 before the first load. For openDatabase(serial).
+    quint64 serial() const;
 
 Q_SIGNALS:
     /// The rows or what they add up to are others.
