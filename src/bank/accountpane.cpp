@@ -73,38 +73,40 @@ QString AccountPane::selectedAccount() const
 bool AccountPane::refresh()
 {
     const BalanceMode mode = accounts::balanceMode(settings::value(settings::updateBalances));
-    const bool begun = messages::guarded(window(), messages::generalPrefix, [&] {
+    return messages::guarded(window(), messages::generalPrefix, [&] {
         if (mode == BalanceMode::KeepList) {
             show(std::move(m_shown));
             return;
         }
         const auto load = std::make_shared<BalanceLoad>(openDatabase(), mode == BalanceMode::Recompute);
-        m_isCurrent = mode == BalanceMode::Recompute; // until a change is skipped, also while this runs
-        m_work.start({.title = waitTitle,
-                      .text = waitText,
-                      .run = [load](const QDeadlineTimer &until) { return load->run(until); },
-                      .interrupted = {},
-                      .done =
-                          [this, load] {
-                              m_serial = load->serial();
-                              m_dataVersion = load->dataVersion();
-                              show(load->takeBalances());
-                          },
-                      .failed =
-                          [this](const Error &error) {
-                              m_isCurrent = false;
-                              messages::error(window(), messages::generalPrefix, error);
-                          },
-                      .total = [load] { return load->accounts(); },
-                      .progress = [load] { return load->accountsDone(); }});
+        m_missed = false;
+        m_work.start(
+            {.title = waitTitle,
+             .text = waitText,
+             .run = [load](const QDeadlineTimer &until) { return load->run(until); },
+             .interrupted = {},
+             .done =
+                 [this, load, mode] {
+                     m_serial = load->serial();
+                     m_dataVersion = load->dataVersion();
+                     m_isCurrent = mode == BalanceMode::Recompute && !m_missed;
+                     show(load->takeBalances());
+                 },
+             .failed =
+                 [this](const Error &error) { messages::error(window(), messages::generalPrefix, error); },
+             .total = [load] { return load->accounts(); },
+             .progress = [load] { return load->accountsDone(); }});
     });
-    m_isCurrent &= begun;
-    return begun;
 }
 
 void AccountPane::show(std::vector<AccountBalance> balances)
 {
+    const bool same = m_shown == balances && m_ui->lstcaixabanco->rowCount() == int(balances.size());
     m_shown = std::move(balances);
+    if (same && !m_ui->txtresucaixa->document()->isEmpty()) {
+        Q_EMIT loaded();
+        return;
+    }
     m_ui->lstcaixabanco->setRows(accounts::rows(m_shown));
     m_ui->txtresucaixa->setPlainText(accounts::summary(m_shown));
     Q_EMIT loaded();

@@ -109,7 +109,7 @@ void MovementPane::removeSelected()
     const OwnCommand own(*this);
     if (!messages::guarded(this, messages::removePrefix,
                            [&] { movement::remove(*openDatabase(feed().serial()), codes); }))
-        reload(); // one of them may be gone
+        reload(); // a movement may be gone
 }
 
 MovementFilter MovementPane::filter() const

@@ -10,7 +10,6 @@
 #include "widgets/formkeys.h"
 #include "widgets/messages.h"
 
-#include <algorithm>
 #include <iterator>
 
 using namespace Qt::StringLiterals;
@@ -163,16 +162,14 @@ void frmAdicionar::save()
         std::ranges::move(untilClosed.take(), std::back_inserter(m_saved));
     }
     messages::information(this, u"Cadastrada"_s, m_side.savedMessage);
-    if (m_ui->chkcontinuar->isChecked()) {
-        // By the time the others hear of it, a list may have been read with it: what was there before no
-        // longer tells what that list holds.
-        for (Change &change : m_saved)
-            if (std::ranges::any_of(change.rows, [](const RowChange &row) { return row.before.exists(); }))
-                change.rows.clear();
-        prepareNext();
-    } else {
+    if (!m_ui->chkcontinuar->isChecked()) {
         close();
+        return;
     }
+    // Lists may be read again before the screen closes, and have counted these rows by then.
+    for (Change &change : m_saved)
+        change.rows.clear();
+    prepareNext();
 }
 
 /// What is saved next is a new entry, also after one that was edited.

@@ -322,6 +322,11 @@ void DocumentPages::layOut(const QPageLayout &paper, Progress *progress)
 void DocumentPages::paint(QPainter &painter, int page)
 {
     Setter setter(*this, &painter);
-    setter.set(m_starts.at(std::size_t(page - 1)), nullptr);
+    const Position end = setter.set(m_starts.at(std::size_t(page - 1)), nullptr);
+    if (page < count() ? end != m_starts[std::size_t(page)] : end.block < int(m_document.blocks.size())) {
+        m_starts.clear(); // the next time it is laid out anew
+        throw Error(Error::Kind::Data,
+                    u"Os dados foram alterados enquanto as páginas eram preparadas. Tente de novo."_s);
+    }
     setter.setFooter(page);
 }

@@ -37,7 +37,7 @@ bool ListPane::reload()
 bool ListPane::begin()
 {
     m_filtersFailed = false;
-    m_isStale = false; // what is skipped while the load runs is missed by it
+    m_isStale = false; // what is skipped from now on is missed
     try {
         m_feed->load(query());
     } catch (const Error &error) {
