@@ -4,6 +4,7 @@
 #include "analysis/frmconfextrato.h"
 #include "app/externaltools.h"
 #include "app/frmconfigsoft.h"
+#include "app/reportbuttons.h"
 #include "app/reportmenus.h"
 #include "app/screencommands.h"
 #include "bank/accountpane.h"
@@ -87,6 +88,7 @@ void frmPrincipal::connectCommands()
     connect(m_ui->mnucadbancario, &QAction::triggered, m_movements->addCommand, &QAction::trigger);
     connectScreenCommands(*this);
     makeReportMenus(*this);
+    makeReportButtons(*this);
     connect(m_accounts->statementCommand, &QAction::triggered, this,
             [this] { frmconfextrato::open(this, m_accounts->selectedAccount()); });
     connect(m_ui->mnucadbancos, &QAction::triggered, m_accounts->addCommand, &QAction::trigger);
