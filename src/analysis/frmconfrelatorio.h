@@ -1,0 +1,16 @@
+#pragma once
+
+#include "widgets/screen.h"
+
+/// The report dialog: a page each for payables, receivables, movements and stock.
+class frmConfRelatorio : public Screen
+{
+    Q_OBJECT
+
+public:
+    /// Null, after a message, when the names cannot be read.
+    static frmConfRelatorio *open(QWidget *parent);
+
+private:
+    explicit frmConfRelatorio(QWidget *parent);
+};
