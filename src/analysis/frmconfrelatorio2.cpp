@@ -91,7 +91,7 @@ void frmConfRelatorio2::showReport(std::size_t at)
         messages::exclamation(this, u"Erro"_s, text);
         return;
     }
-    dialogcommands::show(this, dialogreports::nothingFound + u'!',
+    dialogcommands::show(this, dialogreports::nothingFound.toString() + u'!',
                          [&](Connection &connection, Progress &progress) {
                              return read(connection, command, choices, &progress);
                          });
