@@ -1,4 +1,5 @@
 #include "analysis/frmconfrelatorio.h"
+#include "ui_frmconfrelatorio.h"
 
 #include "analysis/dialogpane.h"
 
@@ -8,20 +9,19 @@
 using namespace Qt::StringLiterals;
 using dialogreports::Kind;
 
-frmConfRelatorio::frmConfRelatorio(QWidget *parent) : Screen(parent)
+frmConfRelatorio::frmConfRelatorio(QWidget *parent)
+    : Screen(parent), m_ui(std::make_unique<Ui::frmConfRelatorio>())
 {
-    setObjectName(u"frmConfRelatorio"_s);
-    setWindowTitle(u"Relatórios"_s);
-    auto *layout = new QVBoxLayout(this);
-    auto *tabs = new QTabWidget(this);
-    tabs->setObjectName(u"paginas"_s);
-    layout->addWidget(tabs);
+    m_ui->setupUi(this);
+    QTabWidget *tabs = m_ui->paginas;
     for (const Kind kind : {Kind::Payables, Kind::Receivables, Kind::Movements, Kind::Purchases}) {
         const dialogreports::Page &page = dialogreports::page(kind);
         tabs->addTab(new DialogPane(page, tabs), page.caption);
     }
     prepare();
 }
+
+frmConfRelatorio::~frmConfRelatorio() = default;
 
 frmConfRelatorio *frmConfRelatorio::open(QWidget *parent)
 {

@@ -1,4 +1,5 @@
 #include "analysis/frmconfrelatorio2.h"
+#include "ui_frmconfrelatorio2.h"
 
 #include "analysis/dialogpane.h"
 #include "lists/readrows.h"
@@ -25,11 +26,13 @@ const dialogreports::Command &commandAt(std::size_t at)
 } // namespace
 
 frmConfRelatorio2::frmConfRelatorio2(QWidget *parent)
-    : Screen(parent), m_dates(new DialogDates({}, true, false, this)), m_received(new QRadioButton(this))
+    : Screen(parent),
+      m_ui(std::make_unique<Ui::frmConfRelatorio2>()),
+      m_dates(new DialogDates({}, true, false, this)),
+      m_received(new QRadioButton(this))
 {
-    setObjectName(u"frmConfRelatorio2"_s);
-    setWindowTitle(u"Relatórios por nome"_s);
-    auto *grid = new QGridLayout(this);
+    m_ui->setupUi(this);
+    auto *grid = m_ui->grade;
     grid->addWidget(m_dates, 0, 0, 1, 3);
     for (int row = 0; row < commandCount; ++row) {
         const dialogreports::Command &command = commandAt(std::size_t(row));
@@ -61,6 +64,8 @@ frmConfRelatorio2::frmConfRelatorio2(QWidget *parent)
     grid->addLayout(sides, commandCount + 1, 1);
     prepare();
 }
+
+frmConfRelatorio2::~frmConfRelatorio2() = default;
 
 frmConfRelatorio2 *frmConfRelatorio2::open(QWidget *parent)
 {

@@ -1,4 +1,5 @@
 #include "analysis/frmgeradorret.h"
+#include "ui_frmgeradorret.h"
 
 #include "analysis/frmrelatorioint.h"
 #include "analysis/sectionpane.h"
@@ -11,34 +12,21 @@
 
 using namespace Qt::StringLiterals;
 
-frmGeradorRet::frmGeradorRet(QWidget *parent) : Screen(parent)
+frmGeradorRet::frmGeradorRet(QWidget *parent) : Screen(parent), m_ui(std::make_unique<Ui::frmGeradorRet>())
 {
-    setObjectName(u"frmGeradorRet"_s);
-    setWindowTitle(u"Gerador de relatórios"_s);
-    resize(860, 520);
-    auto *layout = new QVBoxLayout(this);
-    auto *tabs = new QTabWidget(this);
-    tabs->setObjectName(u"secoes"_s);
-    layout->addWidget(tabs, 1);
+    m_ui->setupUi(this);
+    QTabWidget *tabs = m_ui->secoes;
     for (int i = 0; i < integratedreport::sectionCount; ++i) {
         const integratedreport::Section &section = integratedreport::section(i);
         m_sections[std::size_t(i)] = new SectionPane(section, tabs);
         tabs->addTab(m_sections[std::size_t(i)], section.caption);
     }
-    auto *buttons = new QHBoxLayout;
-    layout->addLayout(buttons);
-    buttons->addStretch();
-    auto *show = new QPushButton(u"&Mostrar na tela"_s, this);
-    show->setObjectName(u"cmdnatela"_s);
-    auto *leave = new QPushButton(u"&Sair"_s, this);
-    leave->setObjectName(u"cmdsair"_s);
-    leave->setAutoDefault(false);
-    buttons->addWidget(show);
-    buttons->addWidget(leave);
     prepare();
-    connect(show, &QPushButton::clicked, this, &frmGeradorRet::showReport);
-    connect(leave, &QPushButton::clicked, this, &QDialog::close);
+    connect(m_ui->cmdnatela, &QPushButton::clicked, this, &frmGeradorRet::showReport);
+    connect(m_ui->cmdsair, &QPushButton::clicked, this, &QDialog::close);
 }
+
+frmGeradorRet::~frmGeradorRet() = default;
 
 frmGeradorRet *frmGeradorRet::open(QWidget *parent)
 {

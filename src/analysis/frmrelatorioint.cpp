@@ -1,4 +1,5 @@
 #include "analysis/frmrelatorioint.h"
+#include "ui_frmrelatorioint.h"
 
 #include "entries/opencommands.h"
 #include "reports/exportcommands.h"
@@ -13,23 +14,23 @@ using namespace Qt::StringLiterals;
 
 frmRelatorioInt::frmRelatorioInt(integratedreport::Result result, QWidget *parent)
     : Screen(parent, Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
+      m_ui(std::make_unique<Ui::frmRelatorioInt>()),
       m_result(std::move(result)),
       m_list(new ListView(this))
 {
-    setObjectName(u"frmRelatorioInt"_s);
-    setWindowTitle(u"RELATÓRIO INTEGRADO"_s);
-    resize(1180, 640);
+    m_ui->setupUi(this);
     m_list->setObjectName(u"lstrelatorio"_s);
     m_list->setAccessibleName(windowTitle());
     m_list->setEmptyText(u"Nenhum registro neste relatório"_s);
     m_list->setTable(m_result.table);
     opencommands::openOnActivation(*m_list);
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(m_list, 3);
-    layout->addWidget(texts(), 2);
-    layout->addWidget(buttons());
+    m_ui->corpo->addWidget(m_list, 3);
+    m_ui->corpo->addWidget(texts(), 2);
+    m_ui->corpo->addWidget(buttons());
     prepare();
 }
+
+frmRelatorioInt::~frmRelatorioInt() = default;
 
 frmRelatorioInt *frmRelatorioInt::open(integratedreport::Result result, QWidget *parent)
 {
