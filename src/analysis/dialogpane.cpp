@@ -58,6 +58,7 @@ DialogDates::DialogDates(const QString &suffix, bool hasDueDate, bool mayBeOff, 
         auto *edit = new DateEdit(this);
         edit->setObjectName(name + suffix);
         edit->setDate(shown);
+        edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance(u"00/00/0000"_s) + 48); // and its button
         auto *label = new QLabel(text, this);
         label->setBuddy(edit);
         row->addWidget(label);

@@ -57,6 +57,7 @@ void SectionPane::addDates(QBoxLayout *layout)
         auto *edit = new DateEdit(this);
         edit->setObjectName(name + m_section.suffix);
         edit->setDate(shown);
+        edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance(u"00/00/0000"_s) + 48); // and its button
         edit->setEnabled(false);
         auto *label = new QLabel(text, this);
         label->setBuddy(edit);
