@@ -1,5 +1,8 @@
 // What the reports read, against a bare pass over the same rows.
 
+#include "analysis/figurekind.h"
+#include "analysis/integratedreport.h"
+#include "analysis/namestatistics.h"
 #include "analysis/statement.h"
 #include "data.h"
 #include "data/dialect.h"
@@ -50,6 +53,65 @@ void measureStatement(Table &table, Floor &floor)
               2);
 }
 
+void measureIntegrated(Table &table, Floor &floor)
+{
+    integratedreport::Choices everything;
+    std::vector<QByteArray> queries;
+    for (int i = 0; i < integratedreport::sectionCount; ++i)
+        queries.push_back(
+            storeSql(integratedreport::query(integratedreport::section(i), everything[std::size_t(i)]).sql));
+    table.add(u"Integrated report of everything, 220,000 rows"_s,
+              inTurn(
+                  runs, [&] { integratedreport::read(*openDatabase(), everything, nullptr); },
+                  [&] {
+                      for (const QByteArray &query : queries)
+                          floor.readTexts(query);
+                  }),
+              2);
+}
+
+void measureChart(Table &table, Floor &floor)
+{
+    const QDate today(2026, 6, 30);
+    const QByteArray sql = storeSql(figures::query(receivableFigures(), ViewPeriod::Year, today));
+    table.add(
+        u"Annual chart"_s,
+        inTurn(
+            runs,
+            [&] { figures::chart(*openDatabase(), receivableFigures(), ViewPeriod::Year, today, nullptr); },
+            [&] { floor.readTexts(sql); }),
+        1.5);
+}
+
+/// 50 centres and 500 products.
+void measureNames(Table &table)
+{
+    const QString folder = benchdata::centres();
+    benchdata::use(folder);
+    Floor floor(benchdata::databaseIn(folder));
+    const auto pass = [&floor](const QByteArray &columns, const QByteArray &from) {
+        floor.readTexts("SELECT " + columns + " FROM " + from);
+    };
+    table.add(u"Statistics of 50 centres over 200,000 entries"_s,
+              inTurn(
+                  runs, [] { namestatistics::centres(*openDatabase(), payable(), nullptr); },
+                  [&] { pass("descricao, estatus, valor", "pagar"); }),
+              2);
+    table.add(u"Statistics of 500 products over 400,000 entries"_s,
+              inTurn(
+                  runs, [] { namestatistics::stock(*openDatabase(), nullptr); },
+                  [&] {
+                      pass("produto, qtde, valor", "pagar");
+                      pass("produto, qtde, valor", "receber");
+                  }),
+              2);
+    table.add(u"Summary of the sales of 500 products over 200,000 entries"_s,
+              inTurn(
+                  runs, [] { namestatistics::sales(*openDatabase(), nullptr); },
+                  [&] { pass("produto, qtde, valor, estatus", "receber"); }),
+              2);
+}
+
 } // namespace
 
 void measureAnalysis(Table &table)
@@ -58,4 +120,7 @@ void measureAnalysis(Table &table)
     benchdata::use(folder);
     Floor floor(benchdata::databaseIn(folder));
     measureStatement(table, floor);
+    measureIntegrated(table, floor);
+    measureChart(table, floor);
+    measureNames(table);
 }

@@ -23,7 +23,7 @@ frmConfRelatorio::frmConfRelatorio(QWidget *parent)
 
 frmConfRelatorio::~frmConfRelatorio() = default;
 
-frmConfRelatorio *frmConfRelatorio::open(QWidget *parent)
+frmConfRelatorio *frmConfRelatorio::open(Page page, QWidget *parent)
 {
     auto screen = std::unique_ptr<frmConfRelatorio>(new frmConfRelatorio(parent));
     if (!screen->load([&](Connection &connection) {
@@ -31,5 +31,6 @@ frmConfRelatorio *frmConfRelatorio::open(QWidget *parent)
                 pane->fill(connection);
         }))
         return nullptr;
+    screen->m_ui->paginas->setCurrentIndex(page);
     return shown(std::move(screen));
 }

@@ -14,8 +14,10 @@ class frmConfRelatorio : public Screen
 public:
     ~frmConfRelatorio() override;
 
-    /// Null, after a message, when the names cannot be read.
-    static frmConfRelatorio *open(QWidget *parent);
+    enum Page { Payables, Receivables, Movements, Stock };
+
+    /// With that page in front. Null, after a message, when the names cannot be read.
+    static frmConfRelatorio *open(Page page, QWidget *parent);
 
 private:
     explicit frmConfRelatorio(QWidget *parent);

@@ -67,11 +67,12 @@ frmConfRelatorio2::frmConfRelatorio2(QWidget *parent)
 
 frmConfRelatorio2::~frmConfRelatorio2() = default;
 
-frmConfRelatorio2 *frmConfRelatorio2::open(QWidget *parent)
+frmConfRelatorio2 *frmConfRelatorio2::open(Choice kind, QWidget *parent)
 {
     auto screen = std::unique_ptr<frmConfRelatorio2>(new frmConfRelatorio2(parent));
     if (!screen->load([&](Connection &connection) { screen->fill(connection); }))
         return nullptr;
+    screen->m_names[std::size_t(kind)]->setFocus();
     return shown(std::move(screen));
 }
 

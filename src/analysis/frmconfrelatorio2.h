@@ -19,8 +19,8 @@ class frmConfRelatorio2 : public Screen
 public:
     ~frmConfRelatorio2() override;
 
-    /// Null, after a message, when the names cannot be read.
-    static frmConfRelatorio2 *open(QWidget *parent);
+    /// Ready to choose a name of one kind. Null, after a message, when the names cannot be read.
+    static frmConfRelatorio2 *open(dialogreports::Choice kind, QWidget *parent);
 
 private:
     explicit frmConfRelatorio2(QWidget *parent);

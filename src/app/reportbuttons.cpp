@@ -25,6 +25,14 @@ struct DropDown
 std::vector<DropDown> dropDowns()
 {
     return {
+        {u"relatorios"_s,
+         u"Relatórios"_s,
+         u"view-list-text"_s,
+         {{u"retpagar"_s, u"Contas a &pagar..."_s, u"mnuretpagar"_s},
+          {u"retreceber"_s, u"Contas a &receber..."_s, u"mnuretreceber"_s},
+          {u"retbancario"_s, u"&Movimento bancário..."_s, u"mnuretbancario"_s},
+          {u"retclientes"_s, u"De um &cliente..."_s, u"mnuretclientes"_s},
+          {u"retfornecedores"_s, u"De um &fornecedor..."_s, u"mnuretfornecedores"_s}}},
         {u"graficos"_s,
          u"Gráficos"_s,
          u"office-chart-bar"_s,

@@ -1,10 +1,17 @@
 #include "app/reportmenus.h"
 
+#include "analysis/frmcompara.h"
 #include "analysis/frmconfextrato.h"
 #include "analysis/frmconfgrafico.h"
+#include "analysis/frmconfluxo.h"
+#include "analysis/frmconfrelatorio.h"
+#include "analysis/frmconfrelatorio2.h"
 #include "analysis/frmdatabanco.h"
 #include "analysis/frmestatisticas.h"
+#include "analysis/frmgeradorret.h"
 #include "analysis/frmgerenciamento.h"
+#include "analysis/frmpormes.h"
+#include "analysis/frmprojecao.h"
 #include "analysis/frmrelacaodesluc.h"
 #include "analysis/statisticscommands.h"
 #include "entries/frmfincli.h"
@@ -70,15 +77,78 @@ void openChartOptions(QWidget *parent)
     frmConfGrafico::open(page, parent);
 }
 
+template <frmConfRelatorio::Page page>
+void openReportOptions(QWidget *parent)
+{
+    frmConfRelatorio::open(page, parent);
+}
+
+template <dialogreports::Choice kind>
+void openNameReports(QWidget *parent)
+{
+    frmConfRelatorio2::open(kind, parent);
+}
+
+template <const Side &(*side)(), monthview::Basis basis>
+void openMonths(QWidget *parent)
+{
+    frmPorMes::open(side(), basis, parent);
+}
+
+template <cashflow::Mode mode>
+void openCashFlow(QWidget *parent)
+{
+    frmconfluxo::open(mode, parent);
+}
+
+template <const Side &(*side)()>
+void openGoals(QWidget *parent)
+{
+    frmProjecao::open(side(), parent);
+}
+
+template <const Side &(*side)(), comparison::Span span>
+void openComparison(QWidget *parent)
+{
+    frmCompara::open(side(), span, parent);
+}
+
 using enum ViewPeriod;
 
 constexpr Entry entries[] = {
+    separator(u"mnuvispagar"),
+    {u"mnuvispagar", u"mnuviscontmespagar", u"Um ano, mês a m&ês...",
+     openMonths<payable, monthview::Basis::EntryDate>},
+    {u"mnuvispagar", u"mnuvisvencpagar", u"&Vencimentos, mês a mês...",
+     openMonths<payable, monthview::Basis::DueDate>},
+    separator(u"mnuvisreceber"),
+    {u"mnuvisreceber", u"mnuviscontmesreceber", u"Um ano, mês a m&ês...",
+     openMonths<receivable, monthview::Basis::EntryDate>},
+    {u"mnuvisreceber", u"mnuvisvencreceber", u"&Vencimentos, mês a mês...",
+     openMonths<receivable, monthview::Basis::DueDate>},
+    separator(u"mnuexibir"),
     {u"mnuexibir", u"mnufincli", u"Histórico financeiro de &cliente...", openHistory<clientHistory>},
     {u"mnuexibir", u"mnufinforn", u"Histórico financeiro de &fornecedor...", openHistory<supplierHistory>},
     {u"mnuexibir", u"mnuextrato", u"E&xtrato bancário...",
      [](QWidget *parent) { frmconfextrato::open(parent); }},
 
     {u"barramenu", u"mnuanalises", u"A&nálises", submenu},
+    {u"mnuanalises", u"mnufluxo", u"&Fluxo de caixa", submenu},
+    {u"mnufluxo", u"mnufluxopagar", u"Contas a &pagar...", openCashFlow<cashflow::Mode::Payables>},
+    {u"mnufluxo", u"mnufluxoreceber", u"Contas a &receber...", openCashFlow<cashflow::Mode::Receivables>},
+    {u"mnufluxo", u"mnufluxogeral", u"&Geral...", openCashFlow<cashflow::Mode::General>},
+    {u"mnuanalises", u"mnumetadesp", u"&Metas de despesas...", openGoals<payable>},
+    {u"mnuanalises", u"mnumetarec", u"Metas de r&eceitas...", openGoals<receivable>},
+    {u"mnuanalises", u"mnucomparar", u"&Comparações", submenu},
+    {u"mnucomparar", u"mnucompanodesp", u"&Despesas entre anos...",
+     openComparison<payable, comparison::Span::Year>},
+    {u"mnucomparar", u"mnucompmesdesp", u"Despesas entre &meses...",
+     openComparison<payable, comparison::Span::Month>},
+    {u"mnucomparar", u"mnucompanorec", u"&Receitas entre anos...",
+     openComparison<receivable, comparison::Span::Year>},
+    {u"mnucomparar", u"mnucompmesrec", u"Receitas entre me&ses...",
+     openComparison<receivable, comparison::Span::Month>},
+    separator(u"mnuanalises"),
     {u"mnuanalises", u"mnugerendesp", u"&Gerenciamento de despesas...",
      [](QWidget *parent) { frmGerenciamento::open(frmGerenciamento::Payables, parent); }},
     {u"mnuanalises", u"mnugerenlucros", u"Gerenciamento de &lucros...",
@@ -95,6 +165,27 @@ constexpr Entry entries[] = {
     {u"mnuretmovlucros", u"mnuestlucrosdia", u"Do &dia", openReport<receivable, Day>},
     {u"mnuretmovlucros", u"mnuestlucrosmes", u"&Mensal", openReport<receivable, Month>},
     {u"mnuretmovlucros", u"mnuestlucrosano", u"&Anual", openReport<receivable, Year>},
+    separator(u"mnurelatorios"),
+    {u"mnurelatorios", u"mnuretpagar", u"Contas a &pagar...", openReportOptions<frmConfRelatorio::Payables>},
+    {u"mnurelatorios", u"mnuretreceber", u"Contas a &receber...",
+     openReportOptions<frmConfRelatorio::Receivables>},
+    {u"mnurelatorios", u"mnuretbancario", u"Movimento &bancário...",
+     openReportOptions<frmConfRelatorio::Movements>},
+    {u"mnurelatorios", u"mnuretestoque", u"&Estoque...", openReportOptions<frmConfRelatorio::Stock>},
+    separator(u"mnurelatorios"),
+    {u"mnurelatorios", u"mnuretclientes", u"De um &cliente...",
+     openNameReports<dialogreports::Choice::Client>},
+    {u"mnurelatorios", u"mnuretfornecedores", u"De um &fornecedor...",
+     openNameReports<dialogreports::Choice::Supplier>},
+    {u"mnurelatorios", u"mnuretcentrocusto", u"De um centro de c&usto...",
+     openNameReports<dialogreports::Choice::CostCentre>},
+    {u"mnurelatorios", u"mnuretcentrolucro", u"De um centro de lucr&o...",
+     openNameReports<dialogreports::Choice::ProfitCentre>},
+    {u"mnurelatorios", u"mnuretpagamento", u"De uma for&ma de pagamento...",
+     openNameReports<dialogreports::Choice::Payment>},
+    separator(u"mnurelatorios"),
+    {u"mnurelatorios", u"mnuretint", u"Relatório &integrado...",
+     [](QWidget *parent) { frmGeradorRet::open(parent); }},
 
     {u"barramenu", u"mnuestatistica", u"E&statísticas", submenu},
     {u"mnuestatistica", u"mnuestpagar", u"Contas a &pagar", submenu},

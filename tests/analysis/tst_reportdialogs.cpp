@@ -306,7 +306,7 @@ void tst_reportdialogs::payablesPageOnTheScreen()
 {
     SmallBusiness shop;
     shop.open();
-    frmConfRelatorio::open(shop.window.get());
+    shop.command(u"mnuretpagar"_s);
     QCOMPARE(shop.text(u"cbodata1p"_s) + shop.text(u"cbodata2p"_s), u"01/11/202630/11/2026"_s);
     shop.press(u"cmdnatelap"_s);
     QCOMPARE(shop.list(u"lstrelatorio"_s)->rowCount(), 2);
@@ -343,7 +343,7 @@ void tst_reportdialogs::stockAndNamesOnTheScreen()
         QCOMPARE(report->tables[0]->cell(0, 11), kind == Kind::Sales ? u"2,50"_s : QString());
     }
     shop.open();
-    frmConfRelatorio2::open(shop.window.get());
+    shop.command(u"mnuretclientes"_s);
     shop.press(u"cmdcliente"_s);
     QCOMPARE(shop.told(), u"exclamation | Erro | O cliente deve ser selecionado!"_s);
     shop.choose(u"cbocliente"_s, u"Bia"_s);
