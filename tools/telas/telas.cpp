@@ -1,5 +1,10 @@
 // Pictures of every screen, made from a demo database: tavaro-telas PASTA SAÍDA [--escuro]
 
+#include "analysis/frmcompara.h"
+#include "analysis/frmconfluxo.h"
+#include "analysis/frmfluxo.h"
+#include "analysis/frmpormes.h"
+#include "analysis/frmprojecao.h"
 #include "analysis/frmrelatorio.h"
 #include "app/frmconfigsoft.h"
 #include "app/frmprincipal.h"
@@ -28,6 +33,7 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QPalette>
+#include <QPushButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
 
@@ -211,6 +217,22 @@ void stockScreens(Pictures &pictures, frmPrincipal &window)
     stock->close();
 }
 
+void flowScreens(Pictures &pictures, frmPrincipal &window)
+{
+    pictures.takeAndClose(frmconfluxo::open(cashflow::Mode::General, &window), u"fluxoescolha"_s);
+    const cashflow::Choice choice{QDate(2026, 1, 1), QDate(2026, 12, 31), cashflow::allAccounts(),
+                                  cashflow::statusWords().constFirst()};
+    pictures.takeAndClose(frmfluxo::open(cashflow::Mode::General, choice, &window), u"fluxo"_s);
+    frmProjecao *goals = frmProjecao::open(payable(), &window);
+    goals->findChild<QLineEdit *>(u"txtvalordesp"_s)->setText(u"R$ 3.000,00"_s);
+    goals->findChild<QPushButton *>(u"cmddesp"_s)->click();
+    pictures.takeAndClose(goals, u"metas"_s);
+    frmCompara *comparison = frmCompara::open(payable(), comparison::Span::Month, &window);
+    comparison->findChild<QPushButton *>(u"cmdmes"_s)->click();
+    pictures.takeAndClose(comparison, u"comparacao"_s);
+    pictures.takeAndClose(frmPorMes::open(receivable(), monthview::Basis::DueDate, &window), u"pormes"_s);
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -238,6 +260,7 @@ int main(int argc, char *argv[])
     mainWindow(pictures, window);
     screens(pictures, window);
     stockScreens(pictures, window);
+    flowScreens(pictures, window);
     movements(pictures, window);
     contacts(pictures, window);
     periodViews(pictures, window);
