@@ -1,5 +1,7 @@
 // What the reports read, against a bare pass over the same rows.
 
+#include "analysis/cashflow.h"
+#include "analysis/comparison.h"
 #include "analysis/figurekind.h"
 #include "analysis/integratedreport.h"
 #include "analysis/namestatistics.h"
@@ -49,6 +51,37 @@ void measureStatement(Table &table, Floor &floor)
                   [&] {
                       for (const QString &query : queries)
                           floor.readTexts(storeSql(query));
+                  }),
+              2);
+}
+
+void measureCashFlow(Table &table, Floor &floor)
+{
+    const cashflow::Choice choice{QDate(2026, 1, 1), QDate(2026, 12, 31), cashflow::allAccounts(),
+                                  cashflow::statusWords().constFirst()};
+    table.add(u"Cash flow of a year, both sides"_s,
+              inTurn(
+                  runs, [&] { cashflow::read(*openDatabase(), cashflow::Mode::General, choice, nullptr); },
+                  [&] {
+                      for (const Side *side : {&payable(), &receivable()})
+                          floor.readTexts(storeSql(cashflow::query(*side, choice)));
+                  }),
+              2);
+}
+
+void measureComparison(Table &table, Floor &floor)
+{
+    const comparison::Period years[] = {{comparison::Span::Year, 2025}, {comparison::Span::Year, 2026}};
+    table.add(u"Comparison of two years of payables"_s,
+              inTurn(
+                  runs,
+                  [&] {
+                      for (const comparison::Period &year : years)
+                          comparison::read(*openDatabase(), payable(), year, nullptr);
+                  },
+                  [&] {
+                      for (const comparison::Period &year : years)
+                          floor.readTexts(storeSql(comparison::query(payable(), year)));
                   }),
               2);
 }
@@ -120,6 +153,8 @@ void measureAnalysis(Table &table)
     benchdata::use(folder);
     Floor floor(benchdata::databaseIn(folder));
     measureStatement(table, floor);
+    measureCashFlow(table, floor);
+    measureComparison(table, floor);
     measureIntegrated(table, floor);
     measureChart(table, floor);
     measureNames(table);

@@ -3,7 +3,7 @@
 
 #include "analysis/dialogpane.h"
 
-#include <QBoxLayout>
+#include <QPushButton>
 #include <QTabWidget>
 
 using namespace Qt::StringLiterals;
@@ -19,6 +19,7 @@ frmConfRelatorio::frmConfRelatorio(QWidget *parent)
         tabs->addTab(new DialogPane(page, tabs), page.caption);
     }
     prepare();
+    connect(m_ui->cmdsair, &QPushButton::clicked, this, &QDialog::close);
 }
 
 frmConfRelatorio::~frmConfRelatorio() = default;

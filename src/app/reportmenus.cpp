@@ -127,7 +127,7 @@ constexpr Entry entries[] = {
     {u"mnuvisreceber", u"mnuvisvencreceber", u"&Vencimentos, mês a mês...",
      openMonths<receivable, monthview::Basis::DueDate>},
     separator(u"mnuexibir"),
-    {u"mnuexibir", u"mnufincli", u"Histórico financeiro de &cliente...", openHistory<clientHistory>},
+    {u"mnuexibir", u"mnufincli", u"Histórico financeiro de cl&iente...", openHistory<clientHistory>},
     {u"mnuexibir", u"mnufinforn", u"Histórico financeiro de &fornecedor...", openHistory<supplierHistory>},
     {u"mnuexibir", u"mnuextrato", u"E&xtrato bancário...",
      [](QWidget *parent) { frmconfextrato::open(parent); }},
