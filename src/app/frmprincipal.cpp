@@ -4,8 +4,11 @@
 #include "analysis/frmconfextrato.h"
 #include "analysis/frmpormes.h"
 #include "analysis/frmprojecao.h"
+#include "app/accesscommands.h"
+#include "app/backupcommands.h"
 #include "app/externaltools.h"
 #include "app/frmconfigsoft.h"
+#include "app/frmdica.h"
 #include "app/reportbuttons.h"
 #include "app/reportmenus.h"
 #include "app/screencommands.h"
@@ -91,6 +94,11 @@ void frmPrincipal::connectCommands()
     connectScreenCommands(*this);
     makeReportMenus(*this);
     makeReportButtons(*this);
+    m_access = new AccessCommands(*this);
+    connect(m_ui->mnurestbak, &QAction::triggered, this, [this] {
+        if (backupcommands::restore(this))
+            reloadAll();
+    });
     for (EntryPane *pane : {m_payables, m_receivables}) {
         connect(pane->monthsCommand, &QAction::triggered, this,
                 [this, pane] { frmPorMes::open(pane->side(), monthview::Basis::EntryDate, this); });
@@ -108,6 +116,7 @@ void frmPrincipal::connectCommands()
     connect(m_ui->mnuconfigsoft, &QAction::triggered, this, [this] { frmConfigSoft(this).exec(); });
     connectSwitch(m_ui->mnuexibirprincipal, settings::refreshMainWindow);
     connectSwitch(m_ui->mnuatualizarsaldo, settings::updateBalances);
+    connectSwitch(m_ui->mnumostrardicadia, settings::tipOfTheDay);
     connect(m_ui->mnuiniciar, &QAction::toggled, this, [this](bool on) {
         messages::guarded(this, messages::generalPrefix, [&] {
             if (const QString problem = autostart::setEnabled(on); !problem.isEmpty())
@@ -149,6 +158,8 @@ void frmPrincipal::start()
     background::apply(m_accounts->list().viewport()); // the one place of the window that lists leave empty
     for (ListPane *pane : listPanes())
         pane->restoreFilters();
+    if (settings::value(settings::tipOfTheDay) != "0"_L1)
+        frmDica::open(this);
     m_welcome->setText(u"Seja bem vindo ao software   -   "_s + dates::longDate(programclock::today()));
     for (const auto &[pane, file] : layouts())
         pane->list().applyLayout(listlayout::load(file));
@@ -189,10 +200,13 @@ void frmPrincipal::tabShown(int tab)
 void frmPrincipal::reloadAll()
 {
     m_tryAgain.stop();
-    if (!messages::guarded(this, messages::openPrefix, [] { openDatabase(); })) {
+    bool isIn = false;
+    if (!messages::guarded(this, messages::openPrefix, [&] { isIn = m_access->letIn(); })) {
         m_tryAgain.start();
         return;
     }
+    if (!isIn)
+        return;
     for (ListPane *pane : listPanes())
         m_unread.insert(pane);
     m_balancesWanted = true;
@@ -294,6 +308,8 @@ void frmPrincipal::applySettings()
 {
     for (ListView *list : lists())
         applyListStyle(*list);
+    const QSignalBlocker quietTip(m_ui->mnumostrardicadia);
+    m_ui->mnumostrardicadia->setChecked(settings::value(settings::tipOfTheDay) != "0"_L1);
     const std::pair<QAction *, const settings::Key &> switches[] = {
         {m_ui->mnuexibirprincipal, settings::refreshMainWindow},
         {m_ui->mnuatualizarsaldo, settings::updateBalances},

@@ -12,6 +12,7 @@
 namespace Ui {
 class frmPrincipal;
 }
+class AccessCommands;
 class AccountPane;
 class EntryPane;
 class ListPane;
@@ -61,6 +62,7 @@ private:
     EntryPane *m_receivables;
     MovementPane *m_movements;
     AccountPane *m_accounts;
+    AccessCommands *m_access;
     QLabel *m_welcome;
     bool m_layoutShown = false; ///< the saved column layout was applied, so what is shown may replace it
     QTimer m_loadNext{this}, m_tryAgain{this};

@@ -1,5 +1,9 @@
 #include "app/screencommands.h"
 
+#include "app/backupcommands.h"
+#include "app/frmdica.h"
+#include "app/frmestsoftware.h"
+#include "app/frmgerenciarlogin.h"
 #include "entries/frmcentrocusto.h"
 #include "entries/frmcliente.h"
 #include "entries/frmvisualizar.h"
@@ -28,6 +32,10 @@ constexpr ScreenCommand commands[] = {
     {u"mnufornecedores", [](QWidget *parent) { frmCliente::open(suppliers(), parent); }},
     {u"mnucentrocusto", [](QWidget *parent) { frmCentroCusto::openFor(costCentres(), parent); }},
     {u"mnucentrolucro", [](QWidget *parent) { frmCentroCusto::openFor(profitCentres(), parent); }},
+    {u"mnuconflogin", [](QWidget *parent) { frmGerenciarLogin::open(parent); }},
+    {u"mnurealizarbak", backupcommands::backUp},
+    {u"mnuestsoftware", [](QWidget *parent) { frmEstSoftware::open(parent); }},
+    {u"mnudicadia", [](QWidget *parent) { frmDica::open(parent); }},
     {u"mnuestoque", [](QWidget *parent) { frmestoque::open(parent); }},
     {u"mnucestoque", [](QWidget *parent) { frmestoque::open(parent); }},
     {u"mnuvisdiapagar", openView<payableView, ViewPeriod::Day>},

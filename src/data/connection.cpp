@@ -139,15 +139,21 @@ bool isAccessible(const QString &path, int mode)
     return faccessat(AT_FDCWD, QFile::encodeName(path).constData(), mode, AT_EACCESS) == 0;
 }
 
+/// The store's own handle of the file; null when it has none.
+sqlite3_file *storeFile(sqlite3 *database)
+{
+    sqlite3_file *file = nullptr;
+    const int result = sqlite3_file_control(database, "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    return result == SQLITE_OK && file && file->pMethods ? file : nullptr;
+}
+
 /// The random bytes with which a database file begins; they are made with the file and stay. Read through the
 /// store's own handle: closing another one would let go of the locks that this process holds on the file.
 QByteArray saltOf(sqlite3 *database)
 {
     constexpr int saltLength = 16;
     QByteArray salt(saltLength, '\0');
-    sqlite3_file *file = nullptr;
-    if (sqlite3_file_control(database, "main", SQLITE_FCNTL_FILE_POINTER, &file) == SQLITE_OK && file &&
-        file->pMethods)
+    if (sqlite3_file *file = storeFile(database))
         file->pMethods->xRead(file, salt.data(), saltLength, 0);
     return salt;
 }
@@ -157,8 +163,8 @@ qint64 modification(const struct stat &file)
     return qint64(file.st_mtim.tv_sec) * 1'000'000'000 + file.st_mtim.tv_nsec;
 }
 
-/// Refuses what the store would not open, or would open without being able to write, before it is touched.
-void checkFile(const QString &path)
+/// Refuses what the store would not open, before it is touched.
+void checkReadable(const QString &path)
 {
     const QString shown = QDir::toNativeSeparators(path);
     struct stat file = {};
@@ -175,6 +181,12 @@ void checkFile(const QString &path)
         throw openingError(u"O arquivo do banco de dados \"%1\" está vazio."_s.arg(shown));
     if (!isAccessible(path, R_OK))
         throw openingError(u"Não há permissão para ler o arquivo do banco de dados \"%1\"."_s.arg(shown));
+}
+
+/// Refuses what the store would open without being able to write.
+void checkWritable(const QString &path)
+{
+    const QString shown = QDir::toNativeSeparators(path);
     if (!isAccessible(path, W_OK))
         throw openingError(
             u"O arquivo do banco de dados \"%1\" é somente leitura: não há permissão para gravar nele."_s.arg(
@@ -275,9 +287,19 @@ qint64 Statement::integer(int column) const
 
 std::unique_ptr<Connection> Connection::open(const QString &path, const QString &password)
 {
-    checkFile(path);
+    checkReadable(path);
+    checkWritable(path);
     std::unique_ptr<Connection> connection(new Connection(path));
     connection->openFile(password);
+    connection->checkUsable();
+    return connection;
+}
+
+std::unique_ptr<Connection> Connection::openForReading(const QString &path, const QString &password)
+{
+    checkReadable(path);
+    std::unique_ptr<Connection> connection(new Connection(path));
+    connection->openFile(password, Access::Read);
     connection->checkUsable();
     return connection;
 }
@@ -311,10 +333,11 @@ Connection::~Connection()
     sqlite3_close_v2(m_database); // a statement that is still alive keeps the file until it ends
 }
 
-void Connection::openFile(const QString &password)
+void Connection::openFile(const QString &password, Access access)
 {
     const QByteArray name = QFile::encodeName(m_path);
-    constexpr int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX; // a connection stays in one thread
+    const int flags = (access == Access::Write ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY) |
+                      SQLITE_OPEN_NOMUTEX; // a connection stays in one thread
     if (sqlite3_open_v2(name.constData(), &m_database, flags, nullptr) != SQLITE_OK)
         throw openingError(u"O arquivo do banco de dados \"%1\" não pôde ser aberto: %2."_s.arg(
             m_path, storeMessage(m_database)));
@@ -390,8 +413,10 @@ bool Connection::isCurrent() const
     const qint64 modified = modification(file);
     if (modified == m_modified && file.st_size == m_size)
         return true;
-    if (saltOf(m_database) != m_salt)
+    const QByteArray salt = saltOf(m_database);
+    if (m_size > 0 && salt != m_salt) // a file without pages has none yet
         return false;
+    m_salt = salt;
     m_modified = modified;
     m_size = file.st_size;
     return true;
@@ -449,6 +474,30 @@ qint64 Connection::lastInsertedRow() const
     return sqlite3_last_insert_rowid(m_database);
 }
 
+qint64 Connection::fileSize() const
+{
+    sqlite3_int64 size = 0;
+    sqlite3_file *file = storeFile(m_database);
+    if (!file || file->pMethods->xFileSize(file, &size) != SQLITE_OK)
+        throw Error(Error::Kind::Storage, u"O arquivo \"%1\" não pôde ser lido."_s.arg(m_path));
+    return size;
+}
+
+void Connection::readFile(qint64 offset, char *bytes, int length) const
+{
+    sqlite3_file *file = storeFile(m_database);
+    if (!file || file->pMethods->xRead(file, bytes, length, offset) != SQLITE_OK)
+        throw Error(Error::Kind::Storage, u"O arquivo \"%1\" não pôde ser lido."_s.arg(m_path));
+}
+
+void Connection::checkIntegrity()
+{
+    Statement check = prepareNative("PRAGMA quick_check(1)");
+    if (check.step() && check.text(0) == "ok"_L1)
+        return;
+    throw Error(Error::Kind::Storage, u"O arquivo \"%1\" está danificado."_s.arg(m_path));
+}
+
 void Connection::setDefaultBusyTimeout()
 {
     setBusyTimeout(defaultBusyTimeout);
@@ -478,6 +527,11 @@ ReadLock::~ReadLock()
 Transaction::Transaction(Connection &connection) : m_connection(connection)
 {
     m_connection.executeNative("BEGIN IMMEDIATE");
+    if (m_connection.isCurrent())
+        return;
+    m_connection.executeNative("ROLLBACK");
+    throw Error(Error::Kind::Data,
+                u"o arquivo do banco de dados acaba de ser trocado por outro. Nada foi gravado."_s);
 }
 
 Transaction::~Transaction()

@@ -60,6 +60,8 @@ public:
     /// Creates a new, empty database file; throws when something is there already. For the delivered file and
     /// for tests.
     static std::unique_ptr<Connection> create(const QString &path, const QString &password);
+    /// Opens a file for reading only, also where the place allows no writing, as on a disc. Throws as open().
+    static std::unique_ptr<Connection> openForReading(const QString &path, const QString &password);
     ~Connection();
 
     Connection(const Connection &) = delete;
@@ -85,13 +87,23 @@ public:
     quint64 dataVersion();
     bool inTransaction() const;
     qint64 lastInsertedRow() const;
+    /// The bytes of the file as they are on the disk, read through the store's own handle: closing another
+    /// one would let go of the locks that this process holds. Within a ReadLock that has read something they
+    /// stay as they are. Throws Error::Kind::Storage.
+    qint64 fileSize() const;
+    void readFile(qint64 offset, char *bytes, int length) const;
+    /// Reads every page; throws Error::Kind::Storage when one is damaged or is not where it belongs.
+    void checkIntegrity();
+
     /// How long a write waits for another process before it gives up; 10 s unless set.
     void setBusyTimeout(int milliseconds);
     void setDefaultBusyTimeout();
 
 private:
+    enum class Access { Write, Read };
+
     explicit Connection(QString path);
-    void openFile(const QString &password);
+    void openFile(const QString &password, Access access = Access::Write);
     void registerFunctions();
     void checkUsable();
 
@@ -100,7 +112,7 @@ private:
     sqlite3 *m_database = nullptr;
     quint64 m_device = 0;
     quint64 m_inode = 0;
-    QByteArray m_salt;             ///< of the file: another one is another database, also under the same name
+    mutable QByteArray m_salt;     ///< of the file: another one is another database, also under the same name
     mutable qint64 m_modified = 0; ///< nanoseconds, when the salt was last looked at
     mutable qint64 m_size = 0;
     std::optional<Statement> m_dataVersion; ///< prepared once: it is asked for before every look at the data
@@ -121,7 +133,8 @@ private:
 };
 
 /// Takes the write lock at once and rolls back unless commit() was reached. What was noted is announced after
-/// the commit.
+/// the commit. Throws Error::Kind::Data, and writes nothing, when another file has taken the place of the one
+/// that is open: what was written would go down with the old one.
 class Transaction
 {
 public:

@@ -3,12 +3,14 @@
 #include "bank/accountpane.h"
 #include "data/clock.h"
 #include "settings/database.h"
+#include "settings/settings.h"
 
 using namespace Qt::StringLiterals;
 
 Shop::Shop()
 {
     programclock::set(QDateTime(QDate(2026, 11, 14), QTime(10, 0)));
+    settings::setValue(settings::tipOfTheDay, u"0"_s);
 }
 
 void Shop::openWithoutWaiting()
