@@ -17,6 +17,7 @@ int main(int argc, char *argv[])
     QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
     Application app(argc, argv);
     QApplication::setApplicationName(u"tavaro"_s);
+    QGuiApplication::setDesktopFileName(u"br.com.tavaro.Tavaro"_s);
     QApplication::setApplicationVersion(QStringLiteral(TAVARO_VERSION));
     QTranslator texts;
     if (texts.load(u"qtbase_pt_BR"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))

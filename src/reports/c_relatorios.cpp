@@ -5,10 +5,13 @@
 #include "reports/output.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
 constexpr std::string_view columnGap = "  ";
+constexpr std::size_t mostKept =
+    32 * 1024 * 1024; ///< bytes of cells that measuring the columns may leave in memory
 
 QString firstCharacter(const QString &text)
 {
@@ -47,9 +50,11 @@ public:
             for (int column = 0; column < list.columnCount(); ++column) {
                 int &width = m_widths[std::size_t(column)];
                 // No text has more columns than bytes, so most cells need no closer look.
-                const std::string_view cell = list.utf8(row, column, m_buffer);
+                const std::string_view cell = inOneLine(list.utf8(row, column, m_buffer), m_buffer);
                 if (int(cell.size()) > width)
-                    width = std::max(width, widthOf(inOneLine(cell, m_buffer)));
+                    width = std::max(width, widthOf(cell));
+                if (m_isKept)
+                    keep(cell);
             }
         }
     }
@@ -73,14 +78,28 @@ public:
         }
         output << "\n";
     }
+    /// To be called for one row after the other.
     void writeRow(Output &output, int row)
     {
         for (int column = 0; column < m_list.columnCount(); ++column)
-            writeCell(output, inOneLine(m_list.utf8(row, column, m_buffer), m_buffer), column);
+            writeCell(output, m_isKept ? nextKept() : inOneLine(m_list.utf8(row, column, m_buffer), m_buffer),
+                      column);
         output << "\n";
     }
 
 private:
+    void keep(std::string_view cell)
+    {
+        m_kept.append(cell).append(1, '\n');
+        m_isKept = m_kept.size() <= mostKept;
+        if (!m_isKept)
+            m_kept = {};
+    }
+    std::string_view nextKept()
+    {
+        const std::size_t begin = std::exchange(m_next, m_kept.find('\n', m_next) + 1);
+        return std::string_view(m_kept).substr(begin, m_next - 1 - begin);
+    }
     int widthOf(std::string_view text) const { return std::min(m_maximum, displaywidth::of(text)); }
 
     void writeCell(Output &output, std::string_view text, int column)
@@ -99,6 +118,9 @@ private:
     int m_maximum;
     std::vector<int> m_widths;
     std::string m_buffer;
+    std::string m_kept; ///< the cells, each ended by a line break: a list that is not long is read once
+    std::size_t m_next = 0;
+    bool m_isKept = true;
 };
 
 } // namespace

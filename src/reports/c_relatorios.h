@@ -6,8 +6,8 @@
 #include <QIODevice>
 #include <QString>
 
-/// Writes a list to an open device as text in columns or as an HTML table, row by row in constant memory.
-/// Throws Error::Kind::File when the device does not take all of it.
+/// Writes a list to an open device as text in columns or as an HTML table, row by row and with bounded
+/// memory. Throws Error::Kind::File when the device does not take all of it.
 class c_relatorios
 {
 public:

@@ -58,9 +58,13 @@ QString file(const QString &name)
 
 void choose(const QString &named)
 {
-    const QString beside = QCoreApplication::applicationDirPath();
     if (named.isEmpty()) {
-        chosen() = QFileInfo(beside).isWritable() ? beside : userFolder(beside);
+        const QString beside = QCoreApplication::applicationDirPath();
+        const QString installed = QDir::cleanPath(beside + u"/../share/tavaro"_s);
+        if (QFileInfo(installed).isDir())
+            chosen() = userFolder(installed); // also for who may write there: a package manager owns it
+        else
+            chosen() = QFileInfo(beside).isWritable() ? beside : userFolder(beside);
         return;
     }
     const QFileInfo folder(named);
@@ -83,6 +87,8 @@ QString userFolder(const QString &delivered)
     if (!staging.isValid())
         fail(u"Não foi possível criar a pasta \"%1\"."_s, folder);
     addMissing(QDir(delivered), QDir(staging.path()), true);
+    if (const QString database = staging.filePath(schema::fileName.toString()); !QFileInfo::exists(database))
+        schema::createFile(database); // each shop its own, where none is delivered
     if (QDir().rename(staging.path(), folder))
         staging.setAutoRemove(false);
     else if (!QFileInfo(folder).isDir()) // unless another start was quicker

@@ -33,6 +33,7 @@
 #include <QRadioButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
@@ -218,6 +219,9 @@ const std::vector<CommandPicture> &commandPictures()
         {u"mnugrareceberano"_s},
         {u"mnugrapagar"_s, u"cmdnatelap"_s},
         {u"mnugradr"_s, u"cmdgradr"_s},
+        {u"mnuconflogin"_s},
+        {u"mnuestsoftware"_s},
+        {u"mnudicadia"_s},
     };
     return pictures;
 }
@@ -260,6 +264,17 @@ void commandScreens(Pictures &pictures, frmPrincipal &window)
     }
 }
 
+void lockScreen(Pictures &pictures, frmPrincipal &window)
+{
+    QTimer::singleShot(0, &window, [&] {
+        auto *screen = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        pictures.take(*screen, u"mnubloquearsoft"_s);
+        pictures.take(window, u"bloqueado"_s);
+        screen->accept();
+    });
+    window.findChild<QAction *>(u"mnubloquearsoft"_s)->trigger();
+}
+
 void screens(Pictures &pictures, frmPrincipal &window)
 {
     entryScreens(pictures, window);
@@ -299,6 +314,7 @@ int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
     QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
+    QCoreApplication::setApplicationVersion(QStringLiteral(TAVARO_VERSION));
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() < 3) {
         std::fputs("usage: tavaro-telas PROGRAM_FOLDER OUTPUT_FOLDER [--escuro]\n", stderr);
@@ -314,6 +330,7 @@ int main(int argc, char *argv[])
     icons::choose();
 
     Pictures pictures(arguments[2]);
+    settings::setValue(settings::tipOfTheDay, u"0"_s);
     frmPrincipal window;
     window.show();
     window.start();
@@ -324,6 +341,7 @@ int main(int argc, char *argv[])
     contacts(pictures, window);
     periodViews(pictures, window);
     commandScreens(pictures, window);
+    lockScreen(pictures, window);
     reports(pictures, window);
     return pictures.failed() ? 1 : 0;
 }
