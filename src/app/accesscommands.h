@@ -19,6 +19,7 @@ public:
     /// Asks for a login when the database, which opens, requires one. True once somebody was let in; while
     /// that is being asked, and when it was refused, false. Refusing closes the window. Throws Error.
     bool letIn();
+    bool isIn() const { return m_isIn; }
 
 private:
     bool ask(frmLogin::Kind kind);

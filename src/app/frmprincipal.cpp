@@ -1,6 +1,7 @@
 #include "app/frmprincipal.h"
 #include "ui_frmprincipal.h"
 
+#include "agenda/frmalerta.h"
 #include "analysis/frmconfextrato.h"
 #include "analysis/frmpormes.h"
 #include "analysis/frmprojecao.h"
@@ -117,6 +118,7 @@ void frmPrincipal::connectCommands()
     connectSwitch(m_ui->mnuexibirprincipal, settings::refreshMainWindow);
     connectSwitch(m_ui->mnuatualizarsaldo, settings::updateBalances);
     connectSwitch(m_ui->mnumostrardicadia, settings::tipOfTheDay);
+    connectSwitch(m_ui->mnualertavenc, settings::dueAlerts);
     connect(m_ui->mnuiniciar, &QAction::toggled, this, [this](bool on) {
         messages::guarded(this, messages::generalPrefix, [&] {
             if (const QString problem = autostart::setEnabled(on); !problem.isEmpty())
@@ -136,8 +138,9 @@ void frmPrincipal::connectCommands()
     connect(m_ui->mnusair, &QAction::triggered, this, &QWidget::close);
     const std::pair<QAction *, QString> keys[] = {
         {m_ui->mnuclientes, u"clientes"_s}, {m_ui->mnufornecedores, u"fornecedores"_s},
-        {m_ui->mnuestoque, u"estoque"_s},   {m_ui->mnumanual, u"manual"_s},
-        {m_ui->mnusobre, u"sobre"_s},       {m_ui->mnusair, u"sair"_s}};
+        {m_ui->mnuestoque, u"estoque"_s},   {m_ui->mnucomp, u"comp"_s},
+        {m_ui->mnumanual, u"manual"_s},     {m_ui->mnusobre, u"sobre"_s},
+        {m_ui->mnusair, u"sair"_s}};
     for (const auto &[action, key] : keys)
         m_ui->tbrbarra->widgetForAction(action)->setObjectName(key);
 }
@@ -160,13 +163,29 @@ void frmPrincipal::start()
         pane->restoreFilters();
     if (settings::value(settings::tipOfTheDay) != "0"_L1)
         frmDica::open(this);
-    m_welcome->setText(u"Seja bem vindo ao software   -   "_s + dates::longDate(programclock::today()));
+    showDate();
     for (const auto &[pane, file] : layouts())
         pane->list().applyLayout(listlayout::load(file));
     m_layoutShown = true;
     applySettings();
     reloadAll();
+    connect(&m_day, &DayWatch::changed, this, [this] {
+        showDate();
+        alertDue();
+    });
     QCoreApplication::processEvents();
+}
+
+void frmPrincipal::showDate()
+{
+    m_welcome->setText(u"Seja bem vindo ao software   -   "_s + dates::longDate(programclock::today()));
+}
+
+/// Once somebody is in, and at midnight in a program that is left running.
+void frmPrincipal::alertDue()
+{
+    if (m_access->isIn() && settings::isOn(settings::dueAlerts))
+        frmAlerta::open(this);
 }
 
 QList<ListPane *> frmPrincipal::listPanes() const
@@ -200,6 +219,7 @@ void frmPrincipal::tabShown(int tab)
 void frmPrincipal::reloadAll()
 {
     m_tryAgain.stop();
+    const bool wasIn = m_access->isIn();
     bool isIn = false;
     if (!messages::guarded(this, messages::openPrefix, [&] { isIn = m_access->letIn(); })) {
         m_tryAgain.start();
@@ -207,6 +227,8 @@ void frmPrincipal::reloadAll()
     }
     if (!isIn)
         return;
+    if (!wasIn)
+        QMetaObject::invokeMethod(this, &frmPrincipal::alertDue, Qt::QueuedConnection);
     for (ListPane *pane : listPanes())
         m_unread.insert(pane);
     m_balancesWanted = true;
@@ -313,6 +335,7 @@ void frmPrincipal::applySettings()
     const std::pair<QAction *, const settings::Key &> switches[] = {
         {m_ui->mnuexibirprincipal, settings::refreshMainWindow},
         {m_ui->mnuatualizarsaldo, settings::updateBalances},
+        {m_ui->mnualertavenc, settings::dueAlerts},
         {m_ui->mnuiniciar, settings::startWithSystem}};
     for (const auto &[action, key] : switches) {
         const QSignalBlocker blocker(action);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/daywatch.h"
 #include "data/changes.h"
 #include "settings/settings.h"
 
@@ -47,6 +48,8 @@ private:
     void dataChanged(const Change &change);
     void showTab(Tab tab);
     void tabShown(int tab);
+    void showDate();
+    void alertDue();
     void reloadAll();
     void load(ListPane &pane);
     void loadNext();
@@ -65,6 +68,7 @@ private:
     AccessCommands *m_access;
     QLabel *m_welcome;
     bool m_layoutShown = false; ///< the saved column layout was applied, so what is shown may replace it
+    DayWatch m_day{this};
     QTimer m_loadNext{this}, m_tryAgain{this};
     QSet<ListPane *> m_unread;     ///< their turn comes
     bool m_balancesWanted = false; ///< once the lists are read

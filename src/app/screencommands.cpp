@@ -1,14 +1,20 @@
 #include "app/screencommands.h"
 
+#include "agenda/frmcalendario.h"
+#include "agenda/frmcompromisso.h"
 #include "app/backupcommands.h"
 #include "app/frmdica.h"
 #include "app/frmestsoftware.h"
 #include "app/frmgerenciarlogin.h"
 #include "entries/frmcentrocusto.h"
 #include "entries/frmcliente.h"
+#include "entries/frmjurosdesconto.h"
+#include "entries/frmjurosparcelado.h"
+#include "entries/frmrecibo.h"
 #include "entries/frmvisualizar.h"
 #include "entries/periodview.h"
 #include "sales/frmestoque.h"
+#include "sales/frmordemserv.h"
 
 #include <QAction>
 #include <QMainWindow>
@@ -36,6 +42,12 @@ constexpr ScreenCommand commands[] = {
     {u"mnurealizarbak", backupcommands::backUp},
     {u"mnuestsoftware", [](QWidget *parent) { frmEstSoftware::open(parent); }},
     {u"mnudicadia", [](QWidget *parent) { frmDica::open(parent); }},
+    {u"mnucomp", [](QWidget *parent) { frmCompromisso::open(parent); }},
+    {u"mnucal", [](QWidget *parent) { frmCalendario::open(parent); }},
+    {u"mnujurosdesc", [](QWidget *parent) { frmJurosDesconto::open(parent); }},
+    {u"mnujurosparcelas", [](QWidget *parent) { frmJurosParcelado::open(parent); }},
+    {u"mnurecibo", [](QWidget *parent) { frmRecibo::open(parent); }},
+    {u"mnuordemserv", [](QWidget *parent) { frmOrdemServ::open(parent); }},
     {u"mnuestoque", [](QWidget *parent) { frmestoque::open(parent); }},
     {u"mnucestoque", [](QWidget *parent) { frmestoque::open(parent); }},
     {u"mnuvisdiapagar", openView<payableView, ViewPeriod::Day>},

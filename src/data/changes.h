@@ -17,6 +17,7 @@ enum class Subject {
     CostCentres,
     ProfitCentres,
     Products,
+    Appointments,
     Settings,
     Database ///< another file stands where the database was: everything that was read is void
 };

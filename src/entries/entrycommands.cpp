@@ -1,12 +1,13 @@
 #include "entries/entrycommands.h"
 
-#include "data/clock.h"
 #include "entries/entry.h"
 #include "entries/entrylist.h"
 #include "entries/entrypane.h"
 #include "entries/frmadicionar.h"
 #include "entries/frmfincli.h"
 #include "entries/frmmultiplos.h"
+#include "entries/frmrecibo.h"
+#include "entries/settlecommands.h"
 #include "settings/database.h"
 #include "widgets/listview.h"
 #include "widgets/messages.h"
@@ -24,6 +25,7 @@ EntryCommands::EntryCommands(EntryPane &pane, EntryPane &stockPane, QObject *par
     connect(pane.installmentsCommand, &QAction::triggered, this,
             [this] { frmMultiplos::openFor(m_pane.side(), m_pane.window()); });
     connect(pane.historyCommand, &QAction::triggered, this, &EntryCommands::openHistory);
+    connect(pane.receiptCommand, &QAction::triggered, this, &EntryCommands::openReceipt);
     connect(pane.settleCommand, &QAction::triggered, this, &EntryCommands::settle);
 }
 
@@ -52,6 +54,16 @@ void EntryCommands::openHistory()
     const QString name =
         row < 0 ? QString() : m_pane.list().cell(row, entrylist::columnOf(side, side.contactColumnKey));
     frmFinCli::open(historyOf(side.contacts), m_pane.window(), {.name = name, .code = {}});
+}
+
+void EntryCommands::openReceipt()
+{
+    const int row = m_pane.list().selectedRow();
+    if (row < 0)
+        frmRecibo::open(m_pane.window());
+    else
+        frmRecibo::openOf(m_pane.side(), QString::number(m_pane.feed().key(row)), m_pane.feed().serial(),
+                          m_pane.window());
 }
 
 std::optional<EntryRemoval> EntryCommands::removalOf(int row)
@@ -96,14 +108,10 @@ void EntryCommands::settle()
     QStringList codes;
     for (const int row : m_pane.list().selectedRows())
         codes << QString::number(m_pane.feed().key(row));
-    if (!messages::question(&m_pane, u"Efetuar baixa"_s,
-                            codes.size() == 1 ? m_pane.side().settleQuestion
-                                              : m_pane.side().settleSeveralQuestion.arg(codes.size())))
-        return;
-    tellAfter(u"Efetuar baixa"_s, u"Ocorreu o seguinte erro ao tentar efetuar a baixa: ", [&] {
-        return entry::settle(*openDatabase(m_pane.feed().serial()), m_pane.side(), codes,
-                             programclock::today());
-    });
+    const ListPane::OwnCommand own(m_pane);
+    if (settlecommands::settle(&m_pane, m_pane.side(), m_pane.feed().serial(), codes) ==
+        settlecommands::Outcome::Gone)
+        m_pane.reload();
 }
 
 void EntryCommands::tellAfter(const QString &title, QStringView prefix, const std::function<bool()> &work)

@@ -23,6 +23,8 @@ private:
     void edit();
     void remove();
     void openHistory();
+    /// Of the selected entry; an empty one when none is selected.
+    void openReceipt();
     void settle();
     /// Runs a change, which says whether all of its entries were still there, and has the lists follow.
     void tellAfter(const QString &title, QStringView prefix, const std::function<bool()> &work);

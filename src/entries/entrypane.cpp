@@ -31,6 +31,7 @@ const EntryPaneNames &payablePaneNames()
                                       .history = u"cmdhistoricoforn"_s,
                                       .months = u"cmdmesp"_s,
                                       .goals = u"cmdprojecaop"_s,
+                                      .receipt = u"cmdrecibod"_s,
                                       .exportSuffix = u"p"_s,
                                       .reportTitle = u"Contas a pagar"_s,
                                       .pages = modimpressao::ListKind::Payables,
@@ -58,6 +59,7 @@ const EntryPaneNames &receivablePaneNames()
                                       .history = u"cmdhistoricocli"_s,
                                       .months = u"cmdmesr"_s,
                                       .goals = u"cmdprojecoesr"_s,
+                                      .receipt = u"cmdrecibor"_s,
                                       .exportSuffix = u"r"_s,
                                       .reportTitle = u"Contas a receber"_s,
                                       .pages = modimpressao::ListKind::Receivables,
@@ -126,6 +128,8 @@ void EntryPane::makeCommands()
                                              u"Marca o lançamento selecionado como concluído hoje"_s});
     historyCommand = command(m_names.history, {u"Histórico"_s, u"view-financial-list"_s,
                                                u"Todos os lançamentos de quem está na linha selecionada"_s});
+    receiptCommand = command(m_names.receipt, {u"Recibo"_s, u"document-preview"_s,
+                                               u"Imprime um recibo do lançamento selecionado"_s});
     const auto button = [this](const QString &name, const listcommand::Look &look) {
         return listcommand::addButton(m_ui->comandos, *m_ui->lista, name, look);
     };

@@ -19,6 +19,7 @@ struct EntryPaneNames
     QString list, totals;
     QString add, edit, remove, settle, installments; ///< commands
     QString history, months, goals;                  ///< commands that look back and ahead
+    QString receipt;                                 ///< command: a receipt of the selected entry
     QString exportSuffix;                            ///< ends the names of the print and export commands
     QString reportTitle;
     modimpressao::ListKind pages; ///< how the list is printed
@@ -40,7 +41,7 @@ public:
     const Side &side() const { return m_side; }
 
     QAction *addCommand, *editCommand, *removeCommand, *settleCommand, *installmentsCommand;
-    QAction *historyCommand, *monthsCommand, *goalsCommand;
+    QAction *historyCommand, *receiptCommand, *monthsCommand, *goalsCommand;
 
 protected:
     QString query() const override;

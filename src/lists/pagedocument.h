@@ -19,6 +19,8 @@ struct PageText
     QString text = {};
     int size = 0; ///< points; 0 for the document's
     bool bold = false;
+    int tab = 0; ///< print column, in widths of a digit, where `tabbed` begins, or right behind a longer text
+    QString tabbed = {}; ///< stands in the same line; when it is long, it is what is wrapped
 };
 
 /// A line of "_".

@@ -82,6 +82,14 @@ void offerWhileTyping(QComboBox *box)
     box->setCompleter(new Offers(box));
 }
 
+void suggest(QLineEdit *field, const QStringList &names)
+{
+    auto *offers = new QCompleter(names, field);
+    offers->setCaseSensitivity(Qt::CaseInsensitive);
+    offers->setFilterMode(Qt::MatchContains);
+    field->setCompleter(offers);
+}
+
 void choose(QComboBox *box, const QString &text)
 {
     if (box->isEditable()) {

@@ -4,6 +4,7 @@
 #include <QStringList>
 
 class QComboBox;
+class QLineEdit;
 
 /// Filling pick boxes without losing what the user chose.
 namespace boxes {
@@ -16,6 +17,8 @@ void refillTakingNew(QComboBox *box, const QStringList &items);
 /// While the user types, an editable box offers its items that begin so, in any letter case. It adds nothing
 /// to what is typed and replaces nothing; Enter closes the offer and goes on as without it.
 void offerWhileTyping(QComboBox *box);
+/// While the user types, the field offers those of `names` that contain what is typed; any text may be typed.
+void suggest(QLineEdit *field, const QStringList &names);
 /// Shows `text`, adding it when the box does not offer it.
 void choose(QComboBox *box, const QString &text);
 

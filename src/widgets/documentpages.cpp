@@ -19,6 +19,14 @@ double spacing(const PageFont &font, qsizetype lines)
     return font.lineSpacing() * double(lines);
 }
 
+/// Where the part of a text that is wrapped begins.
+double tabOf(const PageText &text, const PageFont &font)
+{
+    if (text.tab <= 0)
+        return 0;
+    return std::max(text.tab * font.width(u"0"), font.width(text.text + u' '));
+}
+
 /// What a paper has within its margins, in twips.
 QSizeF room(const QPageLayout &paper)
 {
@@ -130,7 +138,10 @@ bool DocumentPages::Setter::operator()(const PageText &block)
     for (; m_at.line < lines.size(); ++m_at.line) {
         if (!hasRoom(font.lineSpacing()))
             return false;
-        setLine(lines[m_at.line], font);
+        if (block.tab > 0 && m_at.line == 0)
+            draw(0, m_y + font.ascent(), block.text, font);
+        draw(tabOf(block, font), m_y + font.ascent(), lines[m_at.line], font);
+        m_y += font.lineSpacing();
         m_isFresh = false;
     }
     return true;
@@ -285,11 +296,11 @@ const PageFont &DocumentPages::font(double size, bool bold) const
 const QStringList &DocumentPages::lines(const PageText &text, const PageFont &font) const
 {
     if (m_lastText != &text) {
-        QString breaks = text.text;
+        QString breaks = text.tab > 0 ? text.tabbed : text.text;
         breaks.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
         m_lastLines.clear();
         for (const QString &line : breaks.split(u'\n'))
-            m_lastLines << font.wrapped(line, m_size.width());
+            m_lastLines << font.wrapped(line, m_size.width() - tabOf(text, font));
         m_lastText = &text;
     }
     return m_lastLines;

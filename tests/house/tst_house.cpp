@@ -23,8 +23,9 @@ const QMap<QString, QStringList> &roomsBelow()
             {u"bank"_s, {u"reports"_s}},
             {u"stock"_s, {u"reports"_s}},
             {u"entries"_s, {u"bank"_s, u"stock"_s}},
+            {u"agenda"_s, {u"entries"_s}},
             {u"sales"_s, {u"entries"_s}},
-            {u"analysis"_s, {u"sales"_s}},
+            {u"analysis"_s, {u"sales"_s, u"agenda"_s}},
             {u"app"_s, {u"analysis"_s}},
         };
         QMap<QString, QStringList> below;
