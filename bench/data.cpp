@@ -115,6 +115,11 @@ QString centres()
         for (int i = 0; i < 50; ++i)
             run(connection, u"INSERT INTO pcontapagar VALUES ('Centro de custo %1')"_s.arg(i));
         run(connection, u"UPDATE pagar SET descricao = 'Centro de custo ' || código % 50"_s);
+        run(connection, u"DELETE FROM produto"_s);
+        for (int i = 0; i < 500; ++i)
+            run(connection, u"INSERT INTO produto VALUES ('Produto %1', 10, '1,00', ' ')"_s.arg(i));
+        for (const QString &table : {u"pagar"_s, u"receber"_s})
+            run(connection, u"UPDATE %1 SET produto = 'Produto ' || código % 500"_s.arg(table));
     });
 }
 

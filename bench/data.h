@@ -19,7 +19,7 @@ QString empty();
 QString grown(qint64 entries);
 /// A million payables of this month, otherwise empty.
 QString manyPayables();
-/// 200,000 payables spread over 50 centres.
+/// 200,000 payables spread over 50 centres, and as many receivables, all of them of one of 500 products.
 QString centres();
 /// A copy of a folder, to be written to; replaced when there is one.
 QString copyOf(const QString &folder, const QString &name);

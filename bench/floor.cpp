@@ -60,18 +60,6 @@ void Floor::each(const char *sql, const Row &row)
     sqlite3_finalize(rows);
 }
 
-void Floor::execute(const char *sql, int times)
-{
-    sqlite3_stmt *statement = nullptr;
-    sqlite3_prepare_v2(m_database, sql, -1, &statement, nullptr);
-    for (int i = 0; i < times; ++i) {
-        sqlite3_step(statement);
-        sqlite3_reset(statement);
-    }
-    if (sqlite3_finalize(statement) != SQLITE_OK)
-        fail(sql);
-}
-
 void Floor::readTexts(const QByteArray &sql, const std::function<void()> &done)
 {
     each(sql.constData(), [&done](sqlite3_stmt *row) {

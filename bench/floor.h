@@ -22,8 +22,6 @@ public:
     Floor &operator=(const Floor &) = delete;
 
     void execute(const char *sql);
-    /// Runs a prepared statement so often.
-    void execute(const char *sql, int times);
     /// Steps through all rows, asks for every column as text and calls `done` after each row.
     void readTexts(const QByteArray &sql, const std::function<void()> &done = {});
     /// Adds up the amounts in the second of three columns, parsed and rounded; the others are asked for as

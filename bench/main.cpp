@@ -29,9 +29,10 @@ int main(int argc, char *argv[])
     }
 
     const std::pair<QString, void (*)(Table &)> groups[] = {
-        {u"lists"_s, measureLists},     {u"accounts"_s, measureAccounts}, {u"centres"_s, measureCentres},
-        {u"opening"_s, measureOpening}, {u"start"_s, measureStart},       {u"window"_s, measureWindow},
-        {u"saving"_s, measureSaving},   {u"reports"_s, measureReports},   {u"growth"_s, measureGrowth},
+        {u"lists"_s, measureLists},       {u"accounts"_s, measureAccounts}, {u"centres"_s, measureCentres},
+        {u"opening"_s, measureOpening},   {u"start"_s, measureStart},       {u"window"_s, measureWindow},
+        {u"saving"_s, measureSaving},     {u"reports"_s, measureReports},   {u"growth"_s, measureGrowth},
+        {u"analysis"_s, measureAnalysis},
     };
     Table table;
     bool found = false;
@@ -42,9 +43,9 @@ int main(int argc, char *argv[])
         found = true;
     }
     if (!found) {
-        std::fputs(
-            "usage: tavaro-bench [lists|accounts|centres|opening|start|window|saving|reports|growth]...\n",
-            stderr);
+        std::fputs("usage: tavaro-bench "
+                   "[lists|accounts|centres|opening|start|window|saving|reports|growth|analysis]...\n",
+                   stderr);
         return 2;
     }
     return table.allWithinBounds() ? 0 : 1;

@@ -16,6 +16,8 @@ void measureReports(Table &table);
 /// The summary of all centres.
 void measureCentres(Table &table);
 void measureGrowth(Table &table);
+/// Cash flow, reports, comparisons, statements, statistics, charts.
+void measureAnalysis(Table &table);
 
 /// Tasks of a process of their own: start the program until its window answers; make a PDF of all payables.
 void startOnly(const QString &folder);

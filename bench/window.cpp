@@ -188,6 +188,7 @@ void Measured::writes()
         m_floor.execute("BEGIN IMMEDIATE");
         m_floor.execute(sql.constData());
         m_floor.execute("COMMIT");
+        m_pane->list().viewport()->repaint();
     };
     const auto nothing = [] {};
     const int first = m_pane->list().rowCount() - 2 * runs - 4;

@@ -69,6 +69,11 @@ frmRelatorio::frmRelatorio(Report report, ReportScreen screen, QWidget *parent)
         addList(m_report.tables[i], m_report.tableTitles.value(qsizetype(i)));
     m_report.tables.clear();
     m_ui->divisor->setVisible(!m_lists.empty());
+    if (m_lists.empty()) { // the totals are all there is
+        m_ui->txtestatisticas->setMaximumHeight(QWIDGETSIZE_MAX);
+        m_ui->layout->setStretchFactor(m_ui->txtestatisticas, 1);
+        resize(width() / 2, height() / 2);
+    }
     showTexts();
     connect(m_ui->cmdtxt, &QPushButton::clicked, this,
             [this] { exportar::saveText(this, shown(), m_screen.exports); });

@@ -2,8 +2,11 @@
 #include "ui_frmprincipal.h"
 
 #include "analysis/frmconfextrato.h"
+#include "analysis/frmpormes.h"
+#include "analysis/frmprojecao.h"
 #include "app/externaltools.h"
 #include "app/frmconfigsoft.h"
+#include "app/reportbuttons.h"
 #include "app/reportmenus.h"
 #include "app/screencommands.h"
 #include "bank/accountpane.h"
@@ -87,6 +90,13 @@ void frmPrincipal::connectCommands()
     connect(m_ui->mnucadbancario, &QAction::triggered, m_movements->addCommand, &QAction::trigger);
     connectScreenCommands(*this);
     makeReportMenus(*this);
+    makeReportButtons(*this);
+    for (EntryPane *pane : {m_payables, m_receivables}) {
+        connect(pane->monthsCommand, &QAction::triggered, this,
+                [this, pane] { frmPorMes::open(pane->side(), monthview::Basis::EntryDate, this); });
+        connect(pane->goalsCommand, &QAction::triggered, this,
+                [this, pane] { frmProjecao::open(pane->side(), this); });
+    }
     connect(m_accounts->statementCommand, &QAction::triggered, this,
             [this] { frmconfextrato::open(this, m_accounts->selectedAccount()); });
     connect(m_ui->mnucadbancos, &QAction::triggered, m_accounts->addCommand, &QAction::trigger);

@@ -79,6 +79,7 @@ bool AccountPane::refresh()
             return;
         }
         const auto load = std::make_shared<BalanceLoad>(openDatabase(), mode == BalanceMode::Recompute);
+        m_missed = false;
         m_work.start(
             {.title = waitTitle,
              .text = waitText,
@@ -88,7 +89,7 @@ bool AccountPane::refresh()
                  [this, load, mode] {
                      m_serial = load->serial();
                      m_dataVersion = load->dataVersion();
-                     m_isCurrent = mode == BalanceMode::Recompute;
+                     m_isCurrent = mode == BalanceMode::Recompute && !m_missed;
                      show(load->takeBalances());
                  },
              .failed =
@@ -100,7 +101,12 @@ bool AccountPane::refresh()
 
 void AccountPane::show(std::vector<AccountBalance> balances)
 {
+    const bool same = m_shown == balances && m_ui->lstcaixabanco->rowCount() == int(balances.size());
     m_shown = std::move(balances);
+    if (same && !m_ui->txtresucaixa->document()->isEmpty()) {
+        Q_EMIT loaded();
+        return;
+    }
     m_ui->lstcaixabanco->setRows(accounts::rows(m_shown));
     m_ui->txtresucaixa->setPlainText(accounts::summary(m_shown));
     Q_EMIT loaded();

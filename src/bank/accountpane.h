@@ -31,7 +31,11 @@ public:
     /// Follows a change of entries or movements without reading them all, or refreshes.
     void follow(const Change &change);
     /// The balances miss a change: the next follow() computes them anew.
-    void skip() { m_isCurrent = false; }
+    void skip()
+    {
+        m_isCurrent = false;
+        m_missed = true;
+    }
     bool isCommanding() const { return m_isCommanding; }
     /// While balances are computed.
     bool isLoading() const { return m_work.isRunning(); }
@@ -56,6 +60,7 @@ private:
     quint64 m_serial = 0;                ///< of the file that it was computed from
     quint64 m_dataVersion = 0;
     bool m_isCurrent = false; ///< computed from all that was written until then
+    bool m_missed = false;    ///< a change came while balances were being computed
     SlicedWork m_work;        ///< computes balances
     bool m_isCommanding = false;
 };

@@ -101,6 +101,8 @@ BalanceLoad::BalanceLoad(std::shared_ptr<Connection> connection, bool recompute)
 
 bool BalanceLoad::run(const QDeadlineTimer &until)
 {
+    if (m_connection->inTransaction()) // what is written there may never be committed
+        return false;
     while (m_next < m_balances.size()) {
         AccountBalance &account = m_balances[m_next++];
         const QString origin = u"origem like ("_s + sql::literal(account.name) + u")"_s;

@@ -29,6 +29,8 @@ struct AccountBalance
     Sum exactOpening; ///< as it is stored
     Sum moved;        ///< by settled entries and movements, in whole cents
 
+    bool operator==(const AccountBalance &) const = default;
+
     Sum opening() const { return exactOpening.roundedToCents(); }
     Sum current() const { return (exactOpening + moved).roundedToCents(); }
 };

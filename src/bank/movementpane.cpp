@@ -107,8 +107,9 @@ void MovementPane::removeSelected()
     for (const int row : m_ui->lstmovimento->selectedRows())
         codes.push_back(feed().key(row));
     const OwnCommand own(*this);
-    messages::guarded(this, messages::removePrefix,
-                      [&] { movement::remove(*openDatabase(feed().serial()), codes); });
+    if (!messages::guarded(this, messages::removePrefix,
+                           [&] { movement::remove(*openDatabase(feed().serial()), codes); }))
+        reload(); // a movement may be gone
 }
 
 MovementFilter MovementPane::filter() const

@@ -427,7 +427,7 @@ OrderTerm Translator::orderTerm(std::size_t begin, std::size_t end, bool compoun
     if (compound && (date || amount)) // the store takes no expression there
         return {term->text, descending, Kind::Plain};
     if (date)
-        return {dateExpression(term->text), descending, Kind::Date};
+        return {dateExpression(term->text), descending, Kind::Date, term->text};
     if (amount)
         return {u"%1(%2)"_s.arg(QLatin1StringView(amountFunction), term->text), descending, Kind::Amount};
     return {u"%1 COLLATE %2"_s.arg(term->text, QLatin1StringView(nameOrder)), descending, Kind::Name};

@@ -37,6 +37,8 @@ struct OrderTerm
     QString expression;
     bool descending = false;
     Kind kind = Kind::Plain;
+    /// The column that a date is made from.
+    QString dateColumn = {};
 
     QString text() const { return descending ? expression + QStringLiteral(" DESC") : expression; }
 };

@@ -1,13 +1,9 @@
 #include "entries/centres.h"
 
-#include "data/like.h"
 #include "data/literal.h"
 #include "data/rows.h"
 #include "entries/entry.h"
-
-#include <QHash>
-
-#include <map>
+#include "lists/namegroups.h"
 
 using namespace Qt::StringLiterals;
 
@@ -16,26 +12,6 @@ namespace {
 QString fromByName(const CentreSide &side, const QString &name)
 {
     return u"FROM "_s + side.table + u" where(descricao like "_s + sql::literal(name) + u")"_s;
-}
-
-/// The sums of all entries by their description as it is written.
-using SumsByDescription = std::map<std::string, Figures, std::less<>>;
-
-SumsByDescription sumsByDescription(Connection &connection, const CentreSide &side)
-{
-    SumsByDescription groups;
-    Statement rows = connection.prepare(u"Select descricao, estatus, valor from "_s + side.entryTable,
-                                        dialect::RowOrder::Any);
-    while (rows.step()) {
-        if (rows.isNull(0)) // like no name, not even "%"
-            continue;
-        const std::string_view description = rows.utf8(0);
-        auto group = groups.find(description);
-        if (group == groups.end())
-            group = groups.emplace(description, Figures()).first;
-        group->second.add(rows.utf8(1), Money::stored(rows.utf8(2)).roundedToCents());
-    }
-    return groups;
 }
 
 QString amount(const Figures::Part &part)
@@ -86,25 +62,26 @@ void remove(Connection &connection, const CentreSide &side, const QString &name)
     transaction.commit();
 }
 
-std::vector<CentreLine> summary(Connection &connection, const CentreSide &side, const QStringList &names)
+std::vector<CentreLine> summary(Connection &connection, const CentreSide &side, const QStringList &names,
+                                Progress *progress)
 {
-    const SumsByDescription groups = sumsByDescription(connection, side);
-    QHash<QString, Figures> byFoldedName;
-    for (const auto &[description, sums] : groups)
-        byFoldedName[textorder::folded(QString::fromStdString(description))] += sums;
-
-    std::vector<CentreLine> lines;
-    for (const QString &name : names) {
-        CentreLine line{name, {}};
-        if (const LikePattern pattern(name); !pattern.hasWildcards()) {
-            line.figures = byFoldedName.value(textorder::folded(name));
-        } else {
-            for (const auto &[description, sums] : groups)
-                if (pattern.matches(std::string_view(description)))
-                    line.figures += sums;
-        }
-        lines.push_back(std::move(line));
+    Statement rows = connection.prepare(u"Select descricao, estatus, valor from "_s + side.entryTable,
+                                        dialect::RowOrder::Any);
+    if (progress)
+        progress->begin([&] {
+            Statement counted = connection.prepare(u"Select count(*) from "_s + side.entryTable);
+            return counted.step() ? counted.integer(0) : 0;
+        });
+    NameGroups<Figures> groups;
+    for (qint64 count = 0; rows.step();) {
+        if (!rows.isNull(0))
+            groups.of(rows.utf8(0)).add(rows.utf8(1), Money::stored(rows.utf8(2)).roundedToCents());
+        if (progress)
+            progress->advance(++count);
     }
+    std::vector<CentreLine> lines;
+    for (const QString &name : names)
+        lines.push_back({name, groups.like(name)});
     return lines;
 }
 

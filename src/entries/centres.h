@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/progress.h"
 #include "entries/centreside.h"
 #include "lists/figures.h"
 #include "lists/listcolumn.h"
@@ -33,8 +34,9 @@ void rename(Connection &connection, const CentreSide &side, const QString &oldNa
 void remove(Connection &connection, const CentreSide &side, const QString &name);
 
 /// A line for each of `names`, in their order: what a query with `descricao like` the name would add up, all
-/// in one pass over the entries. Every entry that is not pending counts as settled.
-std::vector<CentreLine> summary(Connection &connection, const CentreSide &side, const QStringList &names);
+/// in one pass over the entries. Every entry that is not pending counts as settled. `progress` may be null.
+std::vector<CentreLine> summary(Connection &connection, const CentreSide &side, const QStringList &names,
+                                Progress *progress = nullptr);
 Figures total(const std::vector<CentreLine> &lines);
 /// The line under the summary list.
 QString totalsText(const CentreSide &side, const Figures &total);

@@ -24,6 +24,12 @@ const CentreSide &costCentres()
         .totalLabel = u"Total de despesas: "_s,
         .settledLabel = u"Total pago: "_s,
         .pendingLabel = u"Total pendente: "_s,
+        .statisticsTitle = u"Estatística de plano de contas (contas a pagar)"_s,
+        .statisticsTotalWords = u"Total de despesas: R$ "_s,
+        .statisticsSettledWords = u" - Total pago: R$ "_s,
+        .noStatistics =
+            u"Não há nenhum centro de custo cadastrado no banco de dados! para cadastrar um centro de custo "
+            u"clique no menu principal e depois em centro de custo."_s,
     };
     return side;
 }
@@ -50,6 +56,12 @@ const CentreSide &profitCentres()
         .totalLabel = u"Total de receitas: "_s,
         .settledLabel = u"Total recebido: "_s,
         .pendingLabel = u"Total pendente: "_s,
+        .statisticsTitle = u"Estatística de plano de contas (contas a receber)"_s,
+        .statisticsTotalWords = u"Total de receita: R$ "_s,
+        .statisticsSettledWords = u" - Total recebido: R$ "_s,
+        .noStatistics =
+            u"Não há nenhum centro de lucro, cadastrado no banco de dados! para cadastrar um centro de lucro "
+            u"clique no menu principal e depois em centro de lucro."_s,
     };
     return side;
 }

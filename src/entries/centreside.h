@@ -26,6 +26,11 @@ struct CentreSide
     QString totalLabel;   ///< "Total de despesas: "
     QString settledLabel; ///< "Total pago: "
     QString pendingLabel; ///< "Total pendente: "
+
+    QString statisticsTitle;        ///< "Estatística de plano de contas (contas a pagar)"
+    QString statisticsTotalWords;   ///< "Total de despesas: R$ "
+    QString statisticsSettledWords; ///< " - Total pago: R$ "
+    QString noStatistics;           ///< said instead of statistics without lines
 };
 
 const CentreSide &costCentres();

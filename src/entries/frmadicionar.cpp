@@ -162,10 +162,14 @@ void frmAdicionar::save()
         std::ranges::move(untilClosed.take(), std::back_inserter(m_saved));
     }
     messages::information(this, u"Cadastrada"_s, m_side.savedMessage);
-    if (m_ui->chkcontinuar->isChecked())
-        prepareNext();
-    else
+    if (!m_ui->chkcontinuar->isChecked()) {
         close();
+        return;
+    }
+    // Lists may be read again before the screen closes, and have counted these rows by then.
+    for (Change &change : m_saved)
+        change.rows.clear();
+    prepareNext();
 }
 
 /// What is saved next is a new entry, also after one that was edited.

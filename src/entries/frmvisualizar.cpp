@@ -6,7 +6,6 @@
 #include "settings/database.h"
 #include "settings/listlayout.h"
 #include "settings/settings.h"
-#include "widgets/background.h"
 #include "widgets/listfeed.h"
 #include "widgets/messages.h"
 #include "widgets/settingmenu.h"
@@ -14,12 +13,11 @@
 using namespace Qt::StringLiterals;
 
 frmVisualizar::frmVisualizar(const ViewKind &kind, ViewPeriod period, QWidget *parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::frmVisualizar>()), m_kind(kind), m_period(period)
+    : Screen(parent), m_ui(std::make_unique<Ui::frmVisualizar>()), m_kind(kind), m_period(period)
 {
     m_ui->setupUi(this);
-    setAttribute(Qt::WA_DeleteOnClose);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    background::apply(this);
+    prepare();
     m_feed = new ListFeed(*m_ui->lstdados, kind.layout().columns, std::make_unique<FigureTotals>(),
                           kind.loadingTitle);
     m_ui->lstdados->applyLayout(listlayout::load(kind.layout()));
@@ -43,10 +41,7 @@ frmVisualizar::~frmVisualizar() = default;
 frmVisualizar *frmVisualizar::open(const ViewKind &kind, ViewPeriod period, QWidget *parent)
 {
     auto screen = std::unique_ptr<frmVisualizar>(new frmVisualizar(kind, period, parent));
-    if (!screen->reload())
-        return nullptr;
-    screen->show();
-    return screen.release();
+    return screen->reload() ? shown(std::move(screen)) : nullptr;
 }
 
 void frmVisualizar::makeExports()
@@ -72,7 +67,7 @@ void frmVisualizar::makeMenu()
 
 bool frmVisualizar::reload()
 {
-    return messages::guarded(isVisible() ? this : parentWidget(), messages::generalPrefix, [this] {
+    return messages::guarded(place(), messages::generalPrefix, [this] {
         m_feed->load(
             periodview::query(m_kind, periodview::shownPeriod(m_kind, m_period), programclock::today()));
     });

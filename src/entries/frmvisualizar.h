@@ -1,8 +1,7 @@
 #pragma once
 
 #include "entries/periodview.h"
-
-#include <QDialog>
+#include "widgets/screen.h"
 
 #include <memory>
 
@@ -13,7 +12,7 @@ class ListFeed;
 
 /// The entries or bank movements of today, this month or this year, to be read, printed and exported. The
 /// list follows changes of the data. Its pop-up menu chooses the order.
-class frmVisualizar : public QDialog
+class frmVisualizar : public Screen
 {
     Q_OBJECT
 

@@ -41,12 +41,6 @@ QString condition(ViewPeriod period, QDate today)
     return u"(data like '%"_s + today.toString(u"yyyy"_s) + u"/%')"_s;
 }
 
-QString orderText()
-{
-    const bool descending = settings::value(settings::viewOrder).compare(u"DESC"_s, Qt::CaseInsensitive) == 0;
-    return u" order by Data "_s + (descending ? u"DESC"_s : u"ASC"_s);
-}
-
 } // namespace
 
 const ViewKind &payableView()
@@ -115,9 +109,15 @@ QString periodText(ViewPeriod period, QDate today)
     return u"Período: "_s + today.toString(words(period).shown);
 }
 
+QString order()
+{
+    const bool descending = settings::value(settings::viewOrder).compare(u"DESC"_s, Qt::CaseInsensitive) == 0;
+    return u" order by Data "_s + (descending ? u"DESC"_s : u"ASC"_s);
+}
+
 QString query(const ViewKind &kind, ViewPeriod period, QDate today)
 {
-    return u"SELECT * FROM "_s + kind.table + u" where"_s + condition(period, today) + orderText();
+    return u"SELECT * FROM "_s + kind.table + u" where"_s + condition(period, today) + order();
 }
 
 QString summary(const ViewKind &kind, ViewPeriod period, const Figures &figures)

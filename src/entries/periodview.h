@@ -38,6 +38,8 @@ ViewPeriod shownPeriod(const ViewKind &kind, ViewPeriod period);
 QString title(const ViewKind &kind, ViewPeriod period);
 /// "Período: 14/11/2026", "Período: 11/2026" or "Período: 2026".
 QString periodText(ViewPeriod period, QDate today);
+/// " order by Data ASC", or DESC, as the setting Ordem says.
+QString order();
 /// The query, ordered as the setting Ordem says.
 QString query(const ViewKind &kind, ViewPeriod period, QDate today);
 QString summary(const ViewKind &kind, ViewPeriod period, const Figures &figures);

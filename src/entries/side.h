@@ -48,10 +48,13 @@ struct Side
     QString quantityWords;    ///< " - Quantidade de produtos (entrada): "
 
     // Reports.
-    QString plural;         ///< "despesas"
-    QString movementPlural; ///< in the reports of a day, a month or a year: "despesas", "lucros"
-    QString settledWord;    ///< "pago"
-    QString reportHeading;  ///< "CONTAS A PAGAR"
+    QString plural;           ///< "despesas"
+    QString movementPlural;   ///< in the reports of a day, a month or a year: "despesas", "lucros"
+    QString settledWord;      ///< "pago"
+    QString settledTitle;     ///< column heading: "Pago"
+    QString reportHeading;    ///< "CONTAS A PAGAR"
+    QString projectionSuffix; ///< of the controls of the goals: "desp"
+    QString comparisonName;   ///< object name of the comparison screen: "frmComparaDesp"
 
     settings::Key periodKey, statusKey, accountKey, centreKey, contactKey;
 };

@@ -85,12 +85,6 @@ void KeyedList::take(ListLoad &load)
     m_totals = load.takeTotals();
 }
 
-void KeyedList::clear()
-{
-    m_rows = {};
-    m_totals = m_noTotals->clone();
-}
-
 bool KeyedList::canFollow(Connection &connection, const std::vector<RowChange> &changes) const
 {
     return !changes.empty() && changes.size() <= mostFollowed && !m_query.computedSort() &&

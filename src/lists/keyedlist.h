@@ -33,8 +33,6 @@ public:
     KeyedRows rowsOf(const ListLoad &load) const;
     /// Takes over what a load has read: all of it.
     void take(ListLoad &load);
-    /// Forgets every row, as of a file that is gone.
-    void clear();
 
     /// Follows the change of these rows. False when that takes reading the list again: others have written
     /// meanwhile, too many rows changed, or it is not known what they were.

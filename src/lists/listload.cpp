@@ -28,8 +28,8 @@ QStringList orderColumns(const ListQuery &query, std::size_t terms)
     QStringList columns;
     if (query.computedSort())
         columns = query.computedSort()->column.sources;
-    for (std::size_t i = 0; i < terms; ++i)
-        columns << query.terms()[i].expression;
+    for (const dialect::OrderTerm &term : std::span(query.terms()).first(terms))
+        columns << (term.dateColumn.isEmpty() ? term.expression : term.dateColumn);
     return columns;
 }
 
@@ -76,6 +76,8 @@ void ListLoad::chooseOrder()
 
 bool ListLoad::run(const QDeadlineTimer &until)
 {
+    if (m_connection->inTransaction()) // what is written there may never be committed
+        return false;
     if (m_rows && !read(until))
         return false;
     m_rows.reset(); // lets go of the file

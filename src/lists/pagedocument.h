@@ -2,6 +2,7 @@
 
 #include "lists/tablesource.h"
 
+#include <QRectF>
 #include <QString>
 #include <QStringList>
 
@@ -9,6 +10,8 @@
 #include <memory>
 #include <variant>
 #include <vector>
+
+class QPainter;
 
 /// Text over the width of the page; long lines are wrapped. An empty one is an empty line.
 struct PageText
@@ -49,7 +52,15 @@ struct PageTable
     RowForm form = {};
 };
 
-using PageBlock = std::variant<PageText, PageRule, PageTable>;
+/// A drawing over the width of the page.
+struct PagePicture
+{
+    int lines = 0; ///< height in lines of the document's letters; less on a lower page
+    /// Draws into the rectangle, on any device.
+    std::function<void(QPainter &painter, const QRectF &where)> paint = {};
+};
+
+using PageBlock = std::variant<PageText, PageRule, PageTable, PagePicture>;
 
 /// What is to be printed, without knowing the paper.
 struct PageDocument

@@ -4,6 +4,7 @@
 #include "data/decimal.h"
 #include "data/like.h"
 
+#include <algorithm>
 #include <limits>
 #include <string>
 
@@ -11,14 +12,29 @@ namespace {
 
 constexpr qint64 beforeAll = std::numeric_limits<qint64>::min();
 
-/// "2026/11/23" as a number that orders alike.
-qint64 dayNumber(std::string_view date)
+/// Whether the text fits a form in which "0" stands for a digit, and "1" and "3" for one up to that.
+bool fits(std::string_view text, std::string_view form)
 {
-    qint64 number = 0;
-    for (const char c : date)
-        if (c >= '0' && c <= '9')
-            number = number * 10 + (c - '0');
-    return number;
+    return std::ranges::equal(text, form, [](char c, char place) {
+        return place == '/' ? c == '/' : c >= '0' && c <= (place == '0' ? '9' : place);
+    });
+}
+
+/// The day that a stored date means, as a number that orders alike: what dialect::dateExpression() yields.
+qint64 dayNumber(std::string_view text)
+{
+    constexpr std::string_view yearFirst = "0000/10/30", dayFirst = "30/10/0000";
+    const auto number = [text](std::size_t from, std::size_t digits) {
+        qint64 value = 0;
+        for (const char c : text.substr(from, digits))
+            value = value * 10 + (c - '0');
+        return value;
+    };
+    if (fits(text, yearFirst))
+        return (number(0, 4) * 100 + number(5, 2)) * 100 + number(8, 2);
+    if (fits(text, dayFirst))
+        return (number(6, 4) * 100 + number(3, 2)) * 100 + number(0, 2);
+    return beforeAll;
 }
 
 /// What a shown number sorts by; a percentage sorts by its number.
@@ -47,13 +63,17 @@ struct RowOrder::Names
 {
     qint64 numberOf(std::string_view text)
     {
+        if (last && last->first == text) // an index gives equal texts one after another
+            return last->second;
         auto found = numbers.find(text);
         if (found == numbers.end())
             found = numbers.emplace(std::string(text), qint64(numbers.size())).first;
+        last = &*found;
         return found->second;
     }
 
     std::unordered_map<std::string, qint64, TextHash, std::equal_to<>> numbers;
+    const std::pair<const std::string, qint64> *last = nullptr; ///< that was asked for
     std::vector<const std::string *> ordered;
     std::unique_ptr<SlicedSort<const std::string *, bool (*)(const std::string *, const std::string *)>> sort;
 };

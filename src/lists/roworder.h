@@ -20,8 +20,9 @@ public:
     /// Whether rows that the terms do not tell apart come by their keys, or in the order of add().
     enum class Ties { ByKey, AsAdded };
 
-    /// The values of `terms` are columns `firstColumn` and following of the rows. A `computed` heading (may
-    /// be null), whose cells are made from columns, orders first, and its sources come first.
+    /// The values of `terms` are columns `firstColumn` and following of the rows: of a date the column that
+    /// it is made from, which takes less than having the store find the date. A `computed` heading (may be
+    /// null), whose cells are made from columns, orders first, and its sources come first.
     RowOrder(std::span<const dialect::OrderTerm> terms, const std::optional<HeadingSort> &computed, Ties ties,
              int firstColumn);
     ~RowOrder();

@@ -8,7 +8,7 @@ class StoredTable : public TableSource
 {
 public:
     explicit StoredTable(std::vector<ListColumn> columns)
-        : StoredTable(std::move(columns), RowStore(int(columns.size())))
+        : m_columns(std::move(columns)), m_rows(std::make_shared<RowStore>(int(m_columns.size())))
     {
     }
     StoredTable(std::vector<ListColumn> columns, RowStore rows)

@@ -24,4 +24,5 @@ struct Report
     QString textTitle = {};      ///< first line of the text file; empty for the title
     QString textStatistics = {}; ///< totals of the text file
     QString htmlStatistics = {}; ///< totals of the HTML page, as HTML; empty for `statistics`
+    QString htmlTail = {};       ///< HTML that stands for the whole block of totals of the page
 };

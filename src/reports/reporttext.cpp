@@ -52,7 +52,9 @@ void writeTail(Output &output, const Report &report)
         writeLine(output,
                   u"<p><font face='Arial'>"_s + html::lines(report.lines.join(u'\n')) + u"</font></p>"_s);
     writeLine(output, u"<p><font face='Arial'><center>");
-    if (!statistics.isEmpty())
+    if (!report.htmlTail.isEmpty())
+        writeLine(output, report.htmlTail);
+    else if (!statistics.isEmpty())
         writeLine(output, u"<br><b>Estatísticas</b><hr>"_s + statistics + u"<hr><br>"_s);
     writeClosing(output);
     writeLine(output, u"</center></font></p>");

@@ -3,22 +3,19 @@
 
 #include "reports/listexportcommands.h"
 #include "sales/stocklistpane.h"
-#include "settings/database.h"
 #include "stock/frmcadproduto.h"
 #include "stock/products.h"
-#include "widgets/background.h"
 #include "widgets/messages.h"
 
 #include <QAction>
 
 using namespace Qt::StringLiterals;
 
-frmestoque::frmestoque(QWidget *parent) : QDialog(parent), m_ui(std::make_unique<Ui::frmestoque>())
+frmestoque::frmestoque(QWidget *parent) : Screen(parent), m_ui(std::make_unique<Ui::frmestoque>())
 {
     m_ui->setupUi(this);
-    setAttribute(Qt::WA_DeleteOnClose);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    background::apply(this);
+    prepare();
     m_ui->lstprodutos->setColumns(products::columns());
     m_ui->lstprodutos->setEmptyText(u"Nenhum produto cadastrado"_s);
     m_ui->lblprodutoest->setText(ProductList().summary());
@@ -69,8 +66,8 @@ void frmestoque::connectControls()
 
 void frmestoque::loadProducts()
 {
-    messages::guarded(this, messages::generalPrefix, [this] {
-        ProductList products = products::list(*openDatabase());
+    loadForChange([this](Connection &connection) {
+        ProductList products = products::list(connection);
         m_ui->lblprodutoest->setText(products.summary());
         m_ui->lstprodutos->setRows(std::move(products.rows));
     });
@@ -98,7 +95,7 @@ void frmestoque::editSelected()
 {
     const QString name = selectedOrTell();
     if (!name.isEmpty())
-        frmcadproduto::openEdit(name, this);
+        frmcadproduto::openEdit(name, this, file());
 }
 
 void frmestoque::removeSelected()
@@ -106,10 +103,8 @@ void frmestoque::removeSelected()
     const QString name = selectedOrTell();
     if (name.isEmpty())
         return;
-    const bool removed =
-        messages::guarded(this, messages::removePrefix, [&] { products::remove(*openDatabase(), name); });
-    if (removed)
-        Changes::announce(Subject::Products);
+    if (!write(messages::removePrefix, [&](Connection &connection) { products::remove(connection, name); }))
+        loadProducts(); // the product may be gone
 }
 
 Report frmestoque::report()

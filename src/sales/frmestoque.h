@@ -2,10 +2,7 @@
 
 #include "data/changes.h"
 #include "reports/report.h"
-
-#include <QDialog>
-
-#include <memory>
+#include "widgets/screen.h"
 
 namespace Ui {
 class frmestoque;
@@ -14,7 +11,7 @@ class StockListPane;
 
 /// The stock screen: products with quantity and cost, and the sales and purchases that moved them. Stays open
 /// beside the main window and shows every change of products and entries at once.
-class frmestoque : public QDialog
+class frmestoque : public Screen
 {
     Q_OBJECT
 

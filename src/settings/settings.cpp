@@ -114,6 +114,30 @@ void makeFolder()
                     u"Não foi possível criar a pasta \"%1\"."_s.arg(folder.absolutePath()));
 }
 
+struct Entry
+{
+    QString section, key, value;
+};
+
+/// A write waits for the disk: entries that are there already are left out, the others written together.
+void change(const QString &appName, std::vector<Entry> entries)
+{
+    std::erase_if(entries, [&](const Entry &entry) {
+        return !entry.value.isEmpty() &&
+               current(appName).file.value(entry.section, entry.key, QString()) == entry.value;
+    });
+    if (entries.empty())
+        return;
+    makeFolder();
+    const FolderLock lock;
+    Loaded &loaded = current(appName);
+    IniFile changed = loaded.file;
+    for (const Entry &entry : entries)
+        changed.setValue(entry.section, entry.key, entry.value);
+    changed.save();
+    loaded = Loaded{std::move(changed), Stamp::of(loaded.file.path())};
+}
+
 } // namespace
 
 QString read(const QString &appName, const QString &section, const QString &key, const QString &defaultValue)
@@ -123,15 +147,7 @@ QString read(const QString &appName, const QString &section, const QString &key,
 
 void write(const QString &appName, const QString &section, const QString &key, const QString &value)
 {
-    if (!value.isEmpty() && read(appName, section, key, QString()) == value)
-        return; // a write waits for the disk
-    makeFolder();
-    const FolderLock lock;
-    Loaded &loaded = current(appName);
-    IniFile changed = loaded.file;
-    changed.setValue(section, key, value);
-    changed.save();
-    loaded = Loaded{std::move(changed), Stamp::of(loaded.file.path())};
+    change(appName, {{section, key, value}});
 }
 
 QString value(const Key &key)
@@ -143,6 +159,14 @@ QString value(const Key &key)
 void setValue(const Key &key, const QString &value)
 {
     write(application.toString(), key.section.toString(), key.name.toString(), value);
+}
+
+void setValues(const std::vector<std::pair<Key, QString>> &values)
+{
+    std::vector<Entry> entries;
+    for (const auto &[key, value] : values)
+        entries.push_back({key.section.toString(), key.name.toString(), value});
+    change(application.toString(), std::move(entries));
 }
 
 void setFolder(const QString &folder)

@@ -3,6 +3,9 @@
 #include <QString>
 #include <QStringView>
 
+#include <utility>
+#include <vector>
+
 /// The per-user settings: texts addressed by application, section and key, in any letter case. They live in
 /// one file per application under $XDG_CONFIG_HOME/tavaro, readable by the owner only, and are written the
 /// moment they change.
@@ -77,6 +80,8 @@ inline constexpr Key tipOfTheDay{tips, u"Exibir dica do dia", u""};
 QString value(const Key &key);
 /// Stores at once. Throws Error::Kind::File when the file cannot be written.
 void setValue(const Key &key, const QString &value);
+/// Stores several at once, with one write to the disk. Throws as setValue() does.
+void setValues(const std::vector<std::pair<Key, QString>> &values);
 /// The general form, for keys under another application's name.
 QString read(const QString &appName, const QString &section, const QString &key, const QString &defaultValue);
 void write(const QString &appName, const QString &section, const QString &key, const QString &value);

@@ -57,6 +57,7 @@ public:
     bool operator()(const PageText &block);
     bool operator()(const PageRule &block);
     bool operator()(const PageTable &block);
+    bool operator()(const PagePicture &block);
 
 private:
     const std::vector<PageBlock> &blocks() const { return m_pages.m_document.blocks; }
@@ -165,6 +166,22 @@ bool DocumentPages::Setter::operator()(const PageTable &block)
         if (m_rowDone)
             m_rowDone();
     }
+    return true;
+}
+
+bool DocumentPages::Setter::operator()(const PagePicture &block)
+{
+    const double wanted = spacing(m_pages.m_font, block.lines);
+    if (!hasRoom(wanted))
+        return false;
+    const double height = std::min(wanted, m_bottom - m_y);
+    if (m_painter) {
+        m_painter->save();
+        block.paint(*m_painter, QRectF(0, m_y, m_width, height));
+        m_painter->restore();
+    }
+    m_y += height;
+    m_isFresh = false;
     return true;
 }
 
@@ -322,6 +339,11 @@ void DocumentPages::layOut(const QPageLayout &paper, Progress *progress)
 void DocumentPages::paint(QPainter &painter, int page)
 {
     Setter setter(*this, &painter);
-    setter.set(m_starts.at(std::size_t(page - 1)), nullptr);
+    const Position end = setter.set(m_starts.at(std::size_t(page - 1)), nullptr);
+    if (page < count() ? end != m_starts[std::size_t(page)] : end.block < int(m_document.blocks.size())) {
+        m_starts.clear(); // the next time it is laid out anew
+        throw Error(Error::Kind::Data,
+                    u"Os dados foram alterados enquanto as páginas eram preparadas. Tente de novo."_s);
+    }
     setter.setFooter(page);
 }

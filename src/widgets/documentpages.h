@@ -34,6 +34,8 @@ private:
     {
         int block = 0, row = 0;
         qsizetype line = 0; ///< of the text or the row
+
+        bool operator==(const Position &) const = default;
     };
     class Setter;
 

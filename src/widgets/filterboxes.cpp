@@ -75,9 +75,11 @@ void FilterBoxes::accept()
 {
     for (Choice &choice : m_choices)
         choice.accepted = shown(choice);
+    std::vector<std::pair<settings::Key, QString>> kept;
     for (const Choice &choice : m_choices)
         if (choice.key)
-            settings::setValue(*choice.key, choice.accepted);
+            kept.emplace_back(*choice.key, choice.accepted);
+    settings::setValues(kept);
 }
 
 void FilterBoxes::revert()

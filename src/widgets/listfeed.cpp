@@ -30,6 +30,12 @@ qint64 ListFeed::key(int row) const
     return m_view.table().keyed()->key(row);
 }
 
+quint64 ListFeed::serial() const
+{
+    const KeyedRows *shown = m_view.table().keyed();
+    return shown ? shown->serial() : 0;
+}
+
 std::optional<qint64> ListFeed::selectedKey() const
 {
     const int row = m_view.selectedRow();
@@ -38,7 +44,7 @@ std::optional<qint64> ListFeed::selectedKey() const
 
 void ListFeed::load(const QString &sql)
 {
-    auto fresh = std::make_shared<ListLoad>(openDatabase(), ListQuery(sql, m_sort), m_list.noTotals());
+    auto fresh = std::make_shared<ListLoad>(openDatabase(), ListQuery(sql, m_choice.sort), m_list.noTotals());
     if (!m_part) { // else the list shows part of a load that gives way, and is not where the user left it
         m_selected = selectedKey();
         m_scrolled = m_view.scrolled();
@@ -54,6 +60,7 @@ void ListFeed::load(const QString &sql)
                       .failed =
                           [this](const Error &error) {
                               drop();
+                              goBack();
                               Q_EMIT failed(error);
                           },
                       .total = [fresh] { return fresh->countRows(); },
@@ -62,7 +69,9 @@ void ListFeed::load(const QString &sql)
         drop();
         throw;
     }
-    m_sql = sql;
+    m_choice.sql = sql;
+    if (!m_load)
+        m_shown = m_choice;
 }
 
 /// Shows the rows that are known to come first while the others are still read.
@@ -89,6 +98,7 @@ void ListFeed::takeOver()
         m_view.table().showKeyed(nullptr);
     m_list.take(*m_load);
     m_load.reset();
+    m_shown = m_choice;
     if (wasPart)
         m_view.table().moveKeyed(&m_list.rows());
     else
@@ -114,9 +124,9 @@ void ListFeed::drop()
 
 void ListFeed::follow(const Change &change)
 {
-    if (m_load || m_sql.isEmpty()) {
-        if (!m_sql.isEmpty())
-            load(m_sql);
+    if (m_load || m_choice.sql.isEmpty()) {
+        if (!m_choice.sql.isEmpty())
+            load(m_choice.sql);
         return;
     }
     const std::shared_ptr<Connection> connection = openDatabase();
@@ -125,7 +135,7 @@ void ListFeed::follow(const Change &change)
     };
     const std::optional<qint64> selected = selectedKey();
     if (!m_list.apply(*connection, change.rows, observer)) {
-        load(m_sql);
+        load(m_choice.sql);
         return;
     }
     if (selected && m_view.selectedRow() < 0) // a row that moves leaves the selection
@@ -135,17 +145,20 @@ void ListFeed::follow(const Change &change)
 
 void ListFeed::sortBy(int column, Qt::SortOrder order)
 {
-    const std::optional<HeadingSort> before = m_sort;
-    const auto [columnBefore, orderBefore] = std::exchange(m_indicator, {column, order});
-    m_sort.reset();
+    m_choice.indicator = {column, order};
+    m_choice.sort.reset();
     if (column >= 0)
-        m_sort = HeadingSort{m_list.columns()[std::size_t(column)], order == Qt::DescendingOrder};
-    if (m_sql.isEmpty())
+        m_choice.sort = HeadingSort{m_list.columns()[std::size_t(column)], order == Qt::DescendingOrder};
+    if (m_choice.sql.isEmpty())
         return;
-    if (messages::guarded(m_view.window(), messages::generalPrefix, [this] { load(m_sql); }))
-        return;
-    m_sort = before;
-    m_indicator = {columnBefore, orderBefore};
+    if (!messages::guarded(m_view.window(), messages::generalPrefix, [this] { load(m_choice.sql); }))
+        goBack();
+}
+
+/// The list still shows what it showed before a load that failed.
+void ListFeed::goBack()
+{
+    m_choice = m_shown;
     const QSignalBlocker blocker(m_view.header());
-    m_view.header()->setSortIndicator(columnBefore, orderBefore);
+    m_view.header()->setSortIndicator(m_choice.indicator.first, m_choice.indicator.second);
 }

@@ -35,7 +35,7 @@ public:
     int rowCount() const { return m_list.rows().rowCount(); }
     qint64 key(int row) const;
     /// Of the file that the rows were read from; 0 before the first load. For openDatabase(serial).
-    quint64 serial() const { return m_list.rows().serial(); }
+    quint64 serial() const;
 
 Q_SIGNALS:
     /// The rows or what they add up to are others.
@@ -44,19 +44,26 @@ Q_SIGNALS:
     void failed(const Error &error);
 
 private:
+    struct Choice
+    {
+        QString sql;
+        std::optional<HeadingSort> sort;
+        std::pair<int, Qt::SortOrder> indicator{-1, Qt::AscendingOrder}; ///< of the heading that was clicked
+    };
+
     void showPart();
     void takeOver();
     void drop();
     void sortBy(int column, Qt::SortOrder order);
+    void goBack();
     std::optional<qint64> selectedKey() const;
 
     ListView &m_view;
     QString m_loadingTitle;
     KeyedList m_list;
-    QString m_sql;
-    std::optional<HeadingSort> m_sort;
-    std::pair<int, Qt::SortOrder> m_indicator{-1, Qt::AscendingOrder}; ///< of the heading that was clicked
-    std::shared_ptr<ListLoad> m_load;                                  ///< while it runs
+    Choice m_choice; ///< what is shown or being read
+    Choice m_shown;
+    std::shared_ptr<ListLoad> m_load;  ///< while it runs
     std::unique_ptr<KeyedRows> m_part; ///< what a running load has read so far, when it is shown
     std::optional<qint64> m_selected;  ///< key of the row that was selected when the load began
     QPoint m_scrolled;

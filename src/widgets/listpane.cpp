@@ -21,6 +21,7 @@ void ListPane::setUp(ListView *list, QLabel *totals, ListFeed *feed)
     connect(&m_filters, &FilterBoxes::changed, this, &ListPane::begin);
     connect(feed, &ListFeed::loaded, this, &ListPane::listLoaded);
     connect(feed, &ListFeed::failed, this, [this](const Error &error) {
+        m_isStale = true;
         m_filters.revert();
         m_totals->setText(totalsText());
         messages::error(window(), messages::generalPrefix, error);
@@ -36,9 +37,11 @@ bool ListPane::reload()
 bool ListPane::begin()
 {
     m_filtersFailed = false;
+    m_isStale = false; // what is skipped from now on is missed
     try {
         m_feed->load(query());
     } catch (const Error &error) {
+        m_isStale = true;
         m_filtersFailed = error.kind() == Error::Kind::Query;
         m_filters.revert();
         messages::error(window(), messages::generalPrefix, error);
@@ -60,14 +63,13 @@ bool ListPane::follow(const Change &change)
     if (m_isStale)
         return reload();
     return messages::guarded(window(), messages::generalPrefix, [&] {
-        m_namesWanted = changesNames(change);
+        m_namesWanted |= changesNames(change);
         m_feed->follow(change);
     });
 }
 
 void ListPane::listLoaded()
 {
-    m_isStale = false;
     m_totals->setText(totalsText());
     messages::guarded(window(), messages::generalPrefix, [this] {
         m_filters.accept();

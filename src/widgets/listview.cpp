@@ -135,7 +135,9 @@ void ListView::setRows(RowStore rows)
 
 void ListView::setTable(std::shared_ptr<const StoredTable> table)
 {
-    if (!std::ranges::equal(table->columns(), m_table->columns(), {}, &ListColumn::title, &ListColumn::title))
+    const bool wasEmpty = m_shown && m_shown->rowCount() == 0; // its columns fit its headings alone
+    if (wasEmpty ||
+        !std::ranges::equal(table->columns(), m_table->columns(), {}, &ListColumn::title, &ListColumn::title))
         setColumns(fitted(*table, fontMetrics()));
     m_table->setRows(table->rows());
     header()->setSortIndicator(-1, Qt::AscendingOrder);

@@ -25,7 +25,7 @@ public:
     /// is still there, and the list stays scrolled where it was.
     void setRows(RowStore rows);
     /// Shows a table. Columns are as wide as their texts, those of width 0 out of sight; while the headings
-    /// stay the same, the columns stay as the user left them.
+    /// stay the same, and there were rows, the columns stay as the user left them.
     void setTable(std::shared_ptr<const StoredTable> table);
     /// The stored row that a row of a table shows; nothing for other lists and rows.
     std::optional<RowOrigin> origin(int row) const;

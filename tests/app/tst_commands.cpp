@@ -176,6 +176,11 @@ void tst_commands::commandsActOnWhatIsSelected()
          u"3C; 3C; 300,00 1 0,00 0 0,00 0; R$ 1.300,00; 100"_s},
         {u"lstmovimento -1"_s, u"cmdremoverm"_s, yes,
          u"information | Movimento bancário | Selecione um movimento na lista."_s, movements},
+        {u"lstmovimento 1"_s, u"cmdremoverm"_s, yes,
+         remove +
+             u"\ncritical | Erro | Ocorreu o seguinte erro ao tentar remover os dados: este movimento não existe mais; ele foi removido por outro usuário."_s,
+         u"2C 3C; 3C 2C; 300,00 1 50,00 1 0,00 0; R$ 1.350,00; 100"_s,
+         u"delete from bancario where código=1"_s},
         // Its line is blank, and goes with the next notice.
         {u"lstmovimento 1"_s, u"cmdalterarm"_s, yes,
          u"information | Editar movimento bancário | Este movimento não existe mais."_s,

@@ -1,5 +1,6 @@
 #include "settings/database.h"
 #include "settings/settings.h"
+#include "support/samples.h"
 #include "support/shop.h"
 #include "widgets/listfeed.h"
 #include "widgets/slicedwork.h"
@@ -56,6 +57,7 @@ class tst_loading : public QObject
 
 private Q_SLOTS:
     void windowAnswersWhileManyRowsAreRead();
+    void writesSkippedWhileReadingAreReadLater();
     void hiddenTabsHaveTheirTotalsAtStart();
     void listsFillOnceTheFileIsThere();
 };
@@ -84,6 +86,30 @@ void tst_loading::windowAnswersWhileManyRowsAreRead()
     QTRY_VERIFY_WITH_TIMEOUT(!feed.isLoading(), 20'000);
     QVERIFY(keys(feed) == shop.program.rows(query.arg(u"Concluído"_s)));
     QCOMPARE(shop.label(u"lbltotalp"_s), totals(shop.program, "C%"));
+}
+
+/// The list was past the place of the new row when it was written.
+void tst_loading::writesSkippedWhileReadingAreReadLater()
+{
+    SlicedWork::setSlices(0, 0);
+    Shop shop;
+    addPayables(shop.program, 20'000);
+    settings::setValue(settings::refreshMainWindow, u"0"_s);
+    shop.openWithoutWaiting();
+    ListView &list = *shop.list(u"lstpagar"_s);
+    const ListFeed &feed = *list.findChild<ListFeed *>();
+    QVERIFY(feed.isLoading());
+    EntryForm early = sampleEntry();
+    early.due = u"01/01/2000"_s;
+    early.product = u"-"_s;
+    entry::save(*openDatabase(), payable(), early, {});
+    QTRY_VERIFY_WITH_TIMEOUT(!feed.isLoading(), 20'000);
+    list.selectRow(0);
+    shop.boxes.answer(QMessageBox::Yes);
+    shop.command(u"popbaixapagar"_s);
+    QTRY_VERIFY_WITH_TIMEOUT(!feed.isLoading(), 20'000);
+    QCOMPARE(feed.rowCount(), 20'001);
+    QCOMPARE(shop.label(u"lbltotalp"_s).section(u' ', 0, 0), u"20001"_s);
 }
 
 void tst_loading::hiddenTabsHaveTheirTotalsAtStart()

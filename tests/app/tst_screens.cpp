@@ -96,6 +96,15 @@ void tst_screens::continuingLeavesTheMainWindowAlone()
     QTest::keyClick(shop.screen(u"frmAdicionar"_s), Qt::Key_Escape);
     QCOMPARE(shop.list(u"lstreceber"_s)->rowCount(), 1);
     QCOMPARE(shop.tab(), int(frmPrincipal::ReceivablesTab));
+    // A list that is read meanwhile counts the change once.
+    shop.list(u"lstreceber"_s)->selectRow(0);
+    shop.command(u"cmdalterarr"_s);
+    shop.type(u"txtvalor"_s, u"2000"_s);
+    shop.find<QCheckBox>(u"chkcontinuar"_s)->setChecked(true);
+    shop.press(u"cmdinserir"_s);
+    shop.command(u"mnuatualizarlistas"_s);
+    QTest::keyClick(shop.screen(u"frmAdicionar"_s), Qt::Key_Escape);
+    QVERIFY(shop.label(u"lbltotalr"_s).contains(u"Total de lucros: R$ 2.000,00"));
 }
 
 void tst_screens::missingFieldsAndFailedSaves()

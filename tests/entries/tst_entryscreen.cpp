@@ -49,13 +49,6 @@ const std::vector<EditScreen> &editScreens()
     return screens;
 }
 
-/// Puts another file, of the same contents, in the place of the database.
-void replaceDatabase()
-{
-    const QString path = databasePath(), other = path + u".outro"_s;
-    QVERIFY(QFile::copy(path, other) && QFile::remove(path) && QFile::rename(other, path));
-}
-
 void addSales(Shop &shop, int count)
 {
     shop.program.run(u"insert into produto (produto, qtde, custo) values ('Café', 100, '7,50')"_s);

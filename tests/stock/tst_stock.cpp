@@ -167,6 +167,11 @@ void tst_stock::productScreen()
     QCOMPARE(stock.boxes.seen().size(), 1);
     QCOMPARE(stock.stored(), u"Café moído | 10 | 2,50 | moído\nChá | 4 | 0,00 | \n"_s);
     stock.list(u"lstprodutos"_s)->selectRow(0);
+    replaceDatabase(); // by a copy: what is listed is removed from the file that it was read from, or not
+    stock.press(u"cmdremoverproduto"_s);
+    QVERIFY(stock.told().contains(u"foi trocado"_s));
+    QTRY_COMPARE(stock.list(u"lstprodutos"_s)->rowCount(), 2);
+    stock.list(u"lstprodutos"_s)->selectRow(0);
     stock.press(u"cmdremoverproduto"_s); // at once
     QCOMPARE(stock.told(), QString());
     QCOMPARE(stock.label(u"lblprodutoest"_s),

@@ -112,3 +112,9 @@ int Shop::tab() const
 {
     return find<QTabWidget>(u"tabprincipal"_s)->currentIndex();
 }
+
+void replaceDatabase()
+{
+    const QString path = databasePath(), other = path + u".outro"_s;
+    QVERIFY(QFile::copy(path, other) && QFile::remove(path) && QFile::rename(other, path));
+}

@@ -70,3 +70,6 @@ public:
     Boxes boxes;
     std::unique_ptr<frmPrincipal> window;
 };
+
+/// Puts another file, of the same contents, in the place of the database.
+void replaceDatabase();

@@ -30,6 +30,7 @@
 #include <QLocale>
 #include <QPalette>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
 
@@ -181,11 +182,45 @@ void contacts(Pictures &pictures, frmPrincipal &window)
     pictures.takeAndClose(frmConfEtiqueta::open(u"Select * from cliente"_s, &window), u"etiquetas"_s);
 }
 
-/// What a menu command shows, and what a button of it shows then.
+/// What a menu command shows, and what a button of it shows then, once the fields are filled in.
 struct CommandPicture
 {
-    QString command, button;
+    QString command, button = {};
+    std::vector<std::pair<QString, QString>> fields = {}; ///< a choice has no text
 };
+
+const std::vector<CommandPicture> &commandPictures()
+{
+    static const std::vector<std::pair<QString, QString>> year{{u"cbodata1"_s, u"01/01/2026"_s},
+                                                               {u"cbodata2"_s, u"31/12/2026"_s}};
+    static const std::vector<CommandPicture> pictures{
+        {u"mnufincli"_s, u"cmdverificar"_s},
+        {u"mnuextrato"_s, u"cmdvisualizar"_s, year},
+        {u"mnuviscontmespagar"_s},
+        {u"mnuvisvencreceber"_s},
+        {u"mnufluxogeral"_s, u"cmdnatela"_s, year},
+        {u"mnumetadesp"_s, u"cmddesp"_s, {{u"txtvalordesp"_s, u"R$ 3.000,00"_s}}},
+        {u"mnucompmesdesp"_s, u"cmdmes"_s},
+        {u"mnucompanorec"_s, u"cmdok"_s},
+        {u"mnugerendesp"_s, u"cmdconsultardesp"_s},
+        {u"mnulucrosdesp"_s, u"cmdconsultar"_s, {{u"optano"_s, {}}}},
+        {u"mnuestlucrosano"_s},
+        {u"mnuretpagar"_s, u"cmdnatelap"_s},
+        {u"mnuretestoque"_s, u"cmdnatelae"_s},
+        {u"mnuretclientes"_s, u"cmdcliente"_s},
+        {u"mnuretint"_s, u"cmdnatela"_s},
+        {u"mnuestpagarano"_s},
+        {u"mnuestplanopagar"_s},
+        {u"mnuestestoque"_s},
+        {u"mnuestvendas"_s},
+        {u"mnuestatisticas"_s},
+        {u"mnuestbancos"_s, u"cmdok"_s},
+        {u"mnugrareceberano"_s},
+        {u"mnugrapagar"_s, u"cmdnatelap"_s},
+        {u"mnugradr"_s, u"cmdgradr"_s},
+    };
+    return pictures;
+}
 
 QDialog *newestDialog(const frmPrincipal &window)
 {
@@ -196,22 +231,29 @@ QDialog *newestDialog(const frmPrincipal &window)
     return newest;
 }
 
+void fill(QWidget &screen, const CommandPicture &picture)
+{
+    for (QComboBox *box : screen.findChildren<QComboBox *>())
+        for (int i = 0; i < box->count() && box->currentText().isEmpty(); ++i)
+            box->setCurrentIndex(i);
+    for (const auto &[name, text] : picture.fields) {
+        if (auto *field = screen.findChild<QLineEdit *>(name))
+            field->setText(text);
+        else
+            screen.findChild<QRadioButton *>(name)->setChecked(true);
+    }
+}
+
 void commandScreens(Pictures &pictures, frmPrincipal &window)
 {
-    const CommandPicture commands[] = {
-        {u"mnufincli"_s, u"cmdverificar"_s},
-        {u"mnuextrato"_s, u"cmdvisualizar"_s},
-        {u"mnuestbancos"_s, u"cmdok"_s},
-    };
-    for (const auto &[command, button] : commands) {
-        window.findChild<QAction *>(command)->trigger();
+    for (const CommandPicture &picture : commandPictures()) {
+        window.findChild<QAction *>(picture.command)->trigger();
         QDialog *asking = newestDialog(window);
-        for (QComboBox *box : asking->findChildren<QComboBox *>())
-            box->setCurrentIndex(std::max(0, box->currentIndex()));
-        pictures.take(*asking, command);
-        if (!button.isEmpty()) {
-            asking->findChild<QPushButton *>(button)->click();
-            pictures.take(*newestDialog(window), command + u"-resultado"_s);
+        fill(*asking, picture);
+        pictures.take(*asking, picture.command);
+        if (!picture.button.isEmpty()) {
+            asking->findChild<QPushButton *>(picture.button)->click();
+            pictures.take(*newestDialog(window), picture.command + u"-resultado"_s);
         }
         for (QDialog *shown = newestDialog(window); shown; shown = newestDialog(window))
             shown->close();

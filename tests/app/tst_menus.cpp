@@ -1,0 +1,133 @@
+#include "bank/accounts.h"
+#include "support/shop.h"
+
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void closeAll(const Shop &shop)
+{
+    for (QDialog *dialog : shop.window->findChildren<QDialog *>())
+        if (dialog->isWindow())
+            dialog->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+int shownDialogs(const Shop &shop)
+{
+    int count = 0;
+    for (const QDialog *dialog : shop.window->findChildren<QDialog *>())
+        count += dialog->isVisible() && dialog->isWindow();
+    return count;
+}
+
+/// The commands of the menus that open screens.
+QList<QAction *> reportCommands(const Shop &shop)
+{
+    const QStringList others{u"mnuferramentas"_s, u"mnuconfiguracoes"_s, u"mnuajuda"_s, u"mnucadastros"_s};
+    QList<QAction *> commands;
+    for (const QMenu *menu : shop.window->findChildren<QMenu *>())
+        for (QAction *action : menu->actions())
+            if (menu->objectName().startsWith(u"mnu"_s) && !menu->objectName().startsWith(u"mnueditar"_s) &&
+                !others.contains(menu->objectName()) && !action->menu() && !action->isSeparator())
+                commands << action;
+    return commands;
+}
+
+} // namespace
+
+class tst_menus : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyCommandShowsSomething_data();
+    void everyCommandShowsSomething();
+    void buttonsDoWhatTheMenuDoes();
+};
+
+void tst_menus::everyCommandShowsSomething_data()
+{
+    QTest::addColumn<bool>("empty");
+    QTest::newRow("without data") << true;
+    QTest::newRow("with a little of everything") << false;
+}
+
+/// A screen or a message; no entry leads nowhere, and none has another's letter in its menu.
+void tst_menus::everyCommandShowsSomething()
+{
+    QFETCH(bool, empty);
+    Shop shop;
+    if (!empty)
+        shop.program.database().executeNative(
+            "INSERT INTO banco VALUES ('Caixa', '1,00', ' ');INSERT INTO produto VALUES ('P', 1, '1', ' ');"
+            "INSERT INTO pcontapagar VALUES ('Luz');INSERT INTO pcontareceber VALUES ('Venda');"
+            "INSERT INTO pagar (estatus, data, vencimento, valor, moeda, origem, descricao, produto, qtde) "
+            "VALUES ('Pendente', '2026/11/14', '2026/11/14', '1,00', 'R$', 'Caixa', 'Luz', 'P', '1');"
+            "INSERT INTO receber (estatus, data, vencimento, valor, moeda, origem, descricao) VALUES "
+            "('Concluído', '2026/11/14', '14/11/2026', '2,00', 'R$', 'Caixa', 'Venda');"
+            "INSERT INTO bancario (estatus, data, movimento, origem, destino, valor) VALUES ('Concluído', "
+            "'2026/11/14', 'Depósito', 'Caixa', ' - ', '3,00')");
+    shop.open();
+    const QStringList silent{u"mnuviscaixabanco"_s, u"mnuatualizarlistas"_s}; // the window itself
+    const QList<QAction *> commands = reportCommands(shop);
+    QVERIFY(commands.size() > 50);
+    for (QAction *command : commands) {
+        if (silent.contains(command->objectName()))
+            continue;
+        command->trigger();
+        const bool told = !shop.told().isEmpty();
+        QVERIFY2(told || shownDialogs(shop) > 0, qPrintable(command->objectName()));
+        QVERIFY2(!told || empty || shownDialogs(shop) == 0, qPrintable(command->objectName()));
+        closeAll(shop);
+    }
+    for (const QMenu *menu : shop.window->findChildren<QMenu *>()) {
+        QStringList letters;
+        for (const QAction *action : menu->actions())
+            if (const qsizetype at = action->text().indexOf(u'&'); at >= 0)
+                letters << action->text().sliced(at + 1, 1).toLower();
+        QStringList different = letters;
+        different.removeDuplicates();
+        QCOMPARE(menu->objectName() + u": "_s + letters.join(u' '),
+                 menu->objectName() + u": "_s + different.join(u' '));
+    }
+}
+
+void tst_menus::buttonsDoWhatTheMenuDoes()
+{
+    Shop shop;
+    accounts::add(shop.program.database(), {u"Caixa"_s, u"10"_s, u""_s});
+    shop.open();
+    const QMap<QString, QString> shown{{u"retpagar"_s, u"frmConfRelatorio"_s},
+                                       {u"retreceber"_s, u"frmConfRelatorio"_s},
+                                       {u"retbancario"_s, u"frmConfRelatorio"_s},
+                                       {u"retclientes"_s, u"frmConfRelatorio2"_s},
+                                       {u"retfornecedores"_s, u"frmConfRelatorio2"_s},
+                                       {u"grapagar"_s, u"frmConfGrafico"_s},
+                                       {u"grareceber"_s, u"frmConfGrafico"_s},
+                                       {u"grabancario"_s, u"frmConfGrafico"_s},
+                                       {u"cmdmesp"_s, u"frmPorMes"_s},
+                                       {u"cmdmesr"_s, u"frmPorMes"_s},
+                                       {u"cmdprojecaop"_s, u"frmProjecao"_s},
+                                       {u"cmdprojecoesr"_s, u"frmProjecao"_s},
+                                       {u"cmdhistoricocli"_s, u"frmFinCli"_s},
+                                       {u"cmdhistoricoforn"_s, u"frmFinForn"_s},
+                                       {u"cmdconfbanc"_s, u"frmconfextrato"_s}};
+    for (const auto &[command, screen] : shown.asKeyValueRange()) {
+        shop.command(command);
+        QVERIFY2(shop.screen(screen), qPrintable(command));
+        closeAll(shop);
+    }
+    for (const QString &key : {u"estpagar"_s, u"estreceber"_s, u"estbancario"_s}) {
+        shop.command(key);
+        QVERIFY2(shop.told().startsWith(u"information | Info | Não há dados"_s), qPrintable(key));
+    }
+}
+
+QTEST_MAIN(tst_menus)
+#include "tst_menus.moc"
