@@ -3,35 +3,10 @@
 
 #include "data/clock.h"
 #include "reports/listexportcommands.h"
+#include "widgets/barprogress.h"
 #include "widgets/reading.h"
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// Rows come so fast that only the end of the bar is ever seen, but for a very long book.
-class BarProgress : public Progress
-{
-public:
-    BarProgress(QProgressBar &bar, Progress &next) : m_bar(bar), m_next(next) {}
-
-    void begin(std::function<qint64()> total) override
-    {
-        m_bar.setMaximum(int(std::max<qint64>(1, total())));
-        m_next.begin(std::move(total));
-    }
-    void advance(qint64 done) override
-    {
-        m_bar.setValue(int(done));
-        m_next.advance(done);
-    }
-
-private:
-    QProgressBar &m_bar;
-    Progress &m_next;
-};
-
-} // namespace
 
 frmRetCompromisso::frmRetCompromisso(QWidget *parent)
     : Screen(parent, Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
@@ -72,7 +47,6 @@ bool frmRetCompromisso::read(const AppointmentDates &dates)
             m_listing = appointments::read(connection, dates, programclock::today(), &both);
         }))
         return false;
-    m_ui->barraprogresso->setValue(m_ui->barraprogresso->maximum());
     m_ui->lstcompromisso->setTable(m_listing.rows);
     m_ui->lbltopo->setText(m_listing.heading);
     return true;

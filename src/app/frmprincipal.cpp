@@ -5,6 +5,7 @@
 #include "analysis/frmconfextrato.h"
 #include "analysis/frmpormes.h"
 #include "analysis/frmprojecao.h"
+#include "analysis/frmviaemail.h"
 #include "app/accesscommands.h"
 #include "app/backupcommands.h"
 #include "app/externaltools.h"
@@ -345,6 +346,10 @@ void frmPrincipal::applySettings()
 
 void frmPrincipal::closeEvent(QCloseEvent *event)
 {
+    if (!frmViaEmail::mayClose(this)) {
+        event->ignore();
+        return;
+    }
     if (m_layoutShown)
         messages::guarded(this, messages::generalPrefix, [this] {
             std::vector<std::pair<ListLayoutFile, ListLayout>> shown;

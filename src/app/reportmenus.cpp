@@ -13,6 +13,7 @@
 #include "analysis/frmpormes.h"
 #include "analysis/frmprojecao.h"
 #include "analysis/frmrelacaodesluc.h"
+#include "analysis/frmviaemail.h"
 #include "analysis/statisticscommands.h"
 #include "entries/frmfincli.h"
 
@@ -63,6 +64,12 @@ template <const FigureKind &(*kind)(), ViewPeriod period>
 void openStatistics(QWidget *parent)
 {
     statisticscommands::statistics(kind(), period, parent);
+}
+
+template <frmViaEmail::Tab tab>
+void openMail(QWidget *parent)
+{
+    frmViaEmail::open(tab, parent);
 }
 
 template <const FigureKind &(*kind)(), ViewPeriod period>
@@ -186,6 +193,8 @@ constexpr Entry entries[] = {
     separator(u"mnurelatorios"),
     {u"mnurelatorios", u"mnuretint", u"Relatório &integrado...",
      [](QWidget *parent) { frmGeradorRet::open(parent); }},
+    separator(u"mnurelatorios"),
+    {u"mnurelatorios", u"mnuretviaemail", u"Enviar por e-m&ail...", openMail<frmViaEmail::Report>},
 
     {u"barramenu", u"mnuestatistica", u"E&statísticas", submenu},
     {u"mnuestatistica", u"mnuestpagar", u"Contas a &pagar", submenu},
@@ -215,6 +224,7 @@ constexpr Entry entries[] = {
     separator(u"mnuestatistica"),
     {u"mnuestatistica", u"mnuestatisticas", u"&Banco de dados...",
      [](QWidget *parent) { frmEstatisticas::open(parent); }},
+    {u"mnuestatistica", u"mnuestviaemail", u"E&nviar por e-mail...", openMail<frmViaEmail::Statistics>},
 
     {u"barramenu", u"mnugraficos", u"&Gráficos", submenu},
     {u"mnugraficos", u"mnugradespesas", u"Movimento de &despesas", submenu},

@@ -119,6 +119,7 @@ public:
 
     Translation run(RowKey rowKey, RowOrder rowOrder)
     {
+        rewriteLooseConditions();
         rewriteLikes();
         rewriteDateComparisons();
         if (m_tokens.front().is(u"select"))
@@ -197,6 +198,7 @@ private:
         m_tokens.erase(m_tokens.begin() + qsizetype(begin) + 1, m_tokens.begin() + qsizetype(end));
     }
 
+    void rewriteLooseConditions();
     void rewriteLikes();
     void rewriteDateComparisons();
     std::optional<std::size_t> rewriteDateComparison(std::size_t at);
@@ -216,6 +218,23 @@ private:
 
     std::vector<Token> m_tokens;
 };
+
+/// `column(like 'text')` as `column like('text')`, and a WHERE that follows AND or OR left out.
+void Translator::rewriteLooseConditions()
+{
+    for (std::size_t i = 1; i + 1 < m_tokens.size(); ++i) {
+        const bool loose = m_tokens[i].isSymbol(u'(') && m_tokens[i + 1].is(u"like") &&
+                           i + 3 < m_tokens.size() && m_tokens[i + 2].kind == Token::Kind::Text &&
+                           m_tokens[i + 3].isSymbol(u')');
+        if (loose && m_tokens[i - 1].isName()) {
+            std::swap(m_tokens[i], m_tokens[i + 1]);
+            std::swap(m_tokens[i].depth, m_tokens[i + 1].depth);
+            m_tokens[i].blanks = u" "_s;
+        } else if (m_tokens[i].is(u"where") && isOneOf(m_tokens[i - 1], {u"and", u"or"})) {
+            m_tokens.erase(m_tokens.begin() + qsizetype(i));
+        }
+    }
+}
 
 void Translator::rewriteLikes()
 {

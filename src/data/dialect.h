@@ -12,6 +12,7 @@
 /// case;
 ///   with wildcards it is LikePattern's comparison; against "%%" it asks for any value. `código` is matched
 ///   by its text: '12' finds 12, '0012' finds nothing.
+/// - `column(like 'text')` is the same condition; a WHERE that follows AND or OR is left out.
 /// - A date column (dialect_dates.h) goes by the date that its text means: in ORDER BY, in BETWEEN, in a
 ///   comparison of the column with a literal, and in a `like` against digits, slashes and wildcards. A `like`
 ///   against any other pattern asks for the text.

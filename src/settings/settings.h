@@ -53,6 +53,24 @@ inline constexpr Key supplier{general, u"Fornecedor", u"Todos os fornecedores"};
 inline constexpr Key client{general, u"Cliente", u"Todos os clientes"};
 inline constexpr Key movementSort{general, u"OrganizarM", u"Data de cadastro"};
 inline constexpr Key movementAscending{general, u"OrdemM", u"true"};
+/// What the e-mail screen sends; its second tab, of statistics, has choices of its own.
+inline constexpr Key mailPayables{general, u"email-pagar", u"0"};
+inline constexpr Key mailReceivables{general, u"email-receber", u"0"};
+inline constexpr Key mailMovements{general, u"email-bancario", u"0"};
+inline constexpr Key mailDated{general, u"email-entredatas", u"0"};
+inline constexpr Key mailStatus{general, u"email-tiporet", u"Todos"};
+inline constexpr Key mailPayables2{general, u"email-pagar2", u"0"};
+inline constexpr Key mailReceivables2{general, u"email-receber2", u"0"};
+inline constexpr Key mailMovements2{general, u"email-bancario2", u"0"};
+inline constexpr Key mailDated2{general, u"email-entredatas2", u"0"};
+/// The names that stand there before the user's own are of a domain that never exists.
+inline constexpr Key mailName{general, u"email-nome", u"Seu Nome"};
+inline constexpr Key mailAddress{general, u"email-email", u"seu.nome@provedor.example"};
+inline constexpr Key mailServer{general, u"email-servidor", u"smtp.provedor.example:587"};
+inline constexpr Key mailLogin{general, u"email-login", u""};
+inline constexpr Key mailPassword{general, u"email-senha", u""};
+/// "1": the server's certificate is not checked.
+inline constexpr Key mailAnyCertificate{general, u"email-certificado", u"0"};
 inline constexpr Key companyName{report, u"nome", u"Tavaro"};
 inline constexpr Key companySlogan{report, u"slogan", u"© Tavaro - controle financeiro e de estoque"};
 inline constexpr Key companySite{report, u"site", u""};

@@ -2,6 +2,7 @@
 
 #include "widgets/formkeys.h"
 
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 
@@ -10,7 +11,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QMessageBox::StandardButton show(QWidget *parent, QMessageBox::Icon icon, const QString &title,
-                                 const QString &text, QMessageBox::StandardButtons buttons = QMessageBox::Ok)
+                                 const QString &text, QMessageBox::StandardButtons buttons = QMessageBox::Ok,
+                                 const QString &reason = {})
 {
     const topmost::StepBack stepBack(parent);
     // The parent may be destroyed while the box is open, and takes the box with it.
@@ -18,6 +20,13 @@ QMessageBox::StandardButton show(QWidget *parent, QMessageBox::Icon icon, const 
     box->setObjectName(u"msgbox"_s);
     box->setTextFormat(Qt::PlainText);
     box->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    if (!reason.isEmpty()) {
+        box->setInformativeText(u" "_s); // makes its label, which takes the plain text
+        if (auto *label = box->findChild<QLabel *>(u"qt_msgbox_informativelabel"_s)) {
+            label->setTextFormat(Qt::PlainText);
+            label->setText(reason);
+        }
+    }
     box->setWindowModality(parent ? Qt::WindowModal : Qt::ApplicationModal);
     if (buttons.testFlag(QMessageBox::No)) {
         box->setDefaultButton(QMessageBox::No);
@@ -40,9 +49,9 @@ void messages::exclamation(QWidget *parent, const QString &title, const QString 
     show(parent, QMessageBox::Warning, title, text);
 }
 
-void messages::critical(QWidget *parent, const QString &title, const QString &text)
+void messages::critical(QWidget *parent, const QString &title, const QString &text, const QString &reason)
 {
-    show(parent, QMessageBox::Critical, title, text);
+    show(parent, QMessageBox::Critical, title, text, QMessageBox::Ok, reason);
 }
 
 bool messages::question(QWidget *parent, const QString &title, const QString &text)

@@ -13,7 +13,8 @@ namespace messages {
 
 void information(QWidget *parent, const QString &title, const QString &text);
 void exclamation(QWidget *parent, const QString &title, const QString &text);
-void critical(QWidget *parent, const QString &title, const QString &text);
+/// `reason`, if any, stands in smaller print below the text.
+void critical(QWidget *parent, const QString &title, const QString &text, const QString &reason = {});
 /// Yes/No with the question icon; Esc and closing the box are No.
 bool question(QWidget *parent, const QString &title, const QString &text);
 /// The question asked before rows of a list are deleted.

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
@@ -36,8 +37,11 @@ QString iconName(QMessageBox::Icon icon)
 QString describe(const QDialog &dialog)
 {
     const QString line = u"%1 | %2 | %3"_s;
-    if (const auto *box = qobject_cast<const QMessageBox *>(&dialog))
-        return line.arg(iconName(box->icon()), box->windowTitle(), box->text());
+    if (const auto *box = qobject_cast<const QMessageBox *>(&dialog)) {
+        const auto *reason = box->findChild<const QLabel *>(u"qt_msgbox_informativelabel"_s);
+        return line.arg(iconName(box->icon()), box->windowTitle(), box->text()) +
+               (reason ? u" | "_s + reason->text() : QString());
+    }
     if (const auto *input = qobject_cast<const QInputDialog *>(&dialog))
         return line.arg(u"input"_s, input->windowTitle(), input->labelText());
     if (const auto *file = qobject_cast<const QFileDialog *>(&dialog))
