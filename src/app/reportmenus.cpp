@@ -13,9 +13,9 @@
 #include "analysis/frmpormes.h"
 #include "analysis/frmprojecao.h"
 #include "analysis/frmrelacaodesluc.h"
-#include "analysis/frmviaemail.h"
 #include "analysis/statisticscommands.h"
 #include "entries/frmfincli.h"
+#include "mail/frmviaemail.h"
 
 #include <QAction>
 #include <QMainWindow>

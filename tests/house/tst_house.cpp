@@ -26,7 +26,8 @@ const QMap<QString, QStringList> &roomsBelow()
             {u"agenda"_s, {u"entries"_s}},
             {u"sales"_s, {u"entries"_s}},
             {u"analysis"_s, {u"sales"_s, u"agenda"_s}},
-            {u"app"_s, {u"analysis"_s}},
+            {u"mail"_s, {u"entries"_s}},
+            {u"app"_s, {u"analysis"_s, u"mail"_s}},
         };
         QMap<QString, QStringList> below;
         for (const auto &[room, others] : arrows) {

@@ -1,4 +1,4 @@
-#include "reports/mailjob.h"
+#include "mail/mailjob.h"
 
 #include <QThread>
 

@@ -1,4 +1,4 @@
-#include "reports/mailheaders.h"
+#include "mail/mailheaders.h"
 
 #include <QRegularExpression>
 #include <QUrl>

@@ -1,5 +1,5 @@
-#include "analysis/frmenviando.h"
-#include "analysis/frmviaemail.h"
+#include "mail/frmenviando.h"
+#include "mail/frmviaemail.h"
 #include "settings/settings.h"
 #include "support/answers.h"
 #include "support/mailserver.h"

@@ -1,8 +1,8 @@
-#include "reports/mailer.h"
+#include "mail/mailer.h"
 
 #include "data/clock.h"
-#include "reports/mailheaders.h"
-#include "reports/mailserver.h"
+#include "mail/mailheaders.h"
+#include "mail/mailserver.h"
 
 #include <QDateTime>
 #include <QDeadlineTimer>

@@ -1,7 +1,7 @@
-#include "analysis/frmenviando.h"
+#include "mail/frmenviando.h"
 #include "ui_frmenviando.h"
 
-#include "reports/mailjob.h"
+#include "mail/mailjob.h"
 #include "widgets/messages.h"
 
 #include <QEventLoop>

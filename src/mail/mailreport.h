@@ -1,7 +1,7 @@
 #pragma once
 
 #include "lists/storedtable.h"
-#include "reports/mailer.h"
+#include "mail/mailer.h"
 
 #include <QDate>
 

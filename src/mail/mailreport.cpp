@@ -1,4 +1,4 @@
-#include "analysis/mailreport.h"
+#include "mail/mailreport.h"
 
 #include "bank/movementlist.h"
 #include "data/clock.h"

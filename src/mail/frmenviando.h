@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/mailer.h"
+#include "mail/mailer.h"
 
 #include <QDialog>
 

@@ -1,6 +1,6 @@
-#include "reports/mailer.h"
-#include "reports/mailheaders.h"
-#include "reports/mailserver.h"
+#include "mail/mailer.h"
+#include "mail/mailheaders.h"
+#include "mail/mailserver.h"
 #include "support/answers.h"
 #include "support/mailserver.h"
 

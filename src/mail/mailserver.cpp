@@ -1,4 +1,4 @@
-#include "reports/mailserver.h"
+#include "mail/mailserver.h"
 
 #include <QRegularExpression>
 #include <QUrl>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "analysis/mailreport.h"
+#include "mail/mailreport.h"
 #include "settings/settings.h"
 #include "widgets/screen.h"
 

@@ -1,4 +1,4 @@
-#include "analysis/frmconfloginemail.h"
+#include "mail/frmconfloginemail.h"
 #include "ui_frmconfloginemail.h"
 
 #include "settings/settings.h"

@@ -1,9 +1,9 @@
-#include "analysis/frmviaemail.h"
+#include "mail/frmviaemail.h"
 #include "ui_frmviaemail.h"
 
-#include "analysis/frmconfloginemail.h"
-#include "analysis/frmenviando.h"
 #include "entries/opencommands.h"
+#include "mail/frmconfloginemail.h"
+#include "mail/frmenviando.h"
 #include "settings/programfolder.h"
 #include "widgets/barprogress.h"
 #include "widgets/frmcarregando.h"
