@@ -18,7 +18,7 @@ struct DueEntries
 namespace duealert {
 
 DueEntries read(Connection &connection, const Side &side, QDate day);
-/// "2 despesas, R$ 30,00"; empty when there is none.
+/// "Total de despesas: 2 - R$ 30,00"; empty when there is none.
 QString totals(const Side &side, const DueEntries &due);
 
 } // namespace duealert

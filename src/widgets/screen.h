@@ -50,12 +50,13 @@ protected:
     template <typename Shown>
     static Shown *raised(QWidget *parent, const QString &name)
     {
-        auto *screen = parent ? parent->findChild<Shown *>(name) : nullptr;
-        if (screen) {
-            screen->raise();
-            screen->activateWindow();
-        }
-        return screen;
+        for (auto *screen : parent ? parent->findChildren<Shown *>(name) : QList<Shown *>())
+            if (screen->isVisible()) { // one that was closed may still have to be deleted
+                screen->raise();
+                screen->activateWindow();
+                return screen;
+            }
+        return nullptr;
     }
 
 private:

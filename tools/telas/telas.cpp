@@ -1,5 +1,7 @@
 // Pictures of every screen, made from a demo database: tavaro-telas PASTA SAÍDA [--escuro]
 
+#include "agenda/frmalerta.h"
+#include "agenda/frmcompromisso.h"
 #include "analysis/frmrelatorio.h"
 #include "app/frmconfigsoft.h"
 #include "app/frmprincipal.h"
@@ -15,6 +17,7 @@
 #include "entries/frmvisualizar.h"
 #include "reports/frmimpressao.h"
 #include "sales/frmestoque.h"
+#include "sales/frmordemserv.h"
 #include "settings/programfolder.h"
 #include "settings/settings.h"
 #include "stock/frmcadproduto.h"
@@ -222,6 +225,16 @@ const std::vector<CommandPicture> &commandPictures()
         {u"mnuconflogin"_s},
         {u"mnuestsoftware"_s},
         {u"mnudicadia"_s},
+        {u"mnucomp"_s, u"cmdresultado"_s, year},
+        {u"mnucal"_s, u"cmdnovo"_s},
+        {u"mnujurosdesc"_s,
+         u"cmdcalcular"_s,
+         {{u"txttotal"_s, u"1.000,00"_s}, {u"txtporcentagem"_s, u"2,5"_s}}},
+        {u"mnujurosparcelas"_s,
+         u"cmdcalcular"_s,
+         {{u"txtvalor"_s, u"1.000,00"_s}, {u"txtjurosmes"_s, u"2"_s}, {u"txtparcelas"_s, u"10"_s}}},
+        {u"mnuretviaemail"_s, u"cmdconflogin"_s},
+        {u"mnuestviaemail"_s},
     };
     return pictures;
 }
@@ -262,6 +275,56 @@ void commandScreens(Pictures &pictures, frmPrincipal &window)
         for (QDialog *shown = newestDialog(window); shown; shown = newestDialog(window))
             shown->close();
     }
+}
+
+/// The preview runs until it is closed.
+void takePreview(Pictures &pictures, QDialog &screen, const QString &name)
+{
+    QTimer::singleShot(0, &screen, [&] { pictures.takeAndClose(QApplication::activeModalWidget(), name); });
+    screen.findChild<QPushButton *>(u"cmdimprimir"_s)->click();
+}
+
+void documents(Pictures &pictures, frmPrincipal &window)
+{
+    window.findChild<ListView *>(u"lstreceber"_s)->selectRow(5);
+    auto *order = frmOrdemServ::open(&window);
+    const auto add = [&](const QString &button, const std::vector<std::pair<QString, QString>> &fields) {
+        order->findChild<QPushButton *>(button)->click();
+        QDialog *line = newestDialog(window);
+        fill(*line, {.command = {}, .fields = fields});
+        pictures.take(*line, button);
+        line->findChild<QPushButton *>(u"cmdadicionar"_s)->click();
+    };
+    order->findChild<QLineEdit *>(u"txtcliente"_s)->setText(u"Ana Paula de Souza"_s);
+    order->findChild<QLineEdit *>(u"txttelefone"_s)->setText(u"(11) 5555-0123"_s);
+    add(u"cmdadpro"_s, {{u"txtnome"_s, u"Impressora térmica"_s},
+                        {u"txtmarca"_s, u"Genérica"_s},
+                        {u"txtmodelo"_s, u"T-80"_s},
+                        {u"txtserie"_s, u"0042-17"_s},
+                        {u"txtdescricao"_s, u"Troca da cabeça de impressão"_s},
+                        {u"txtvalor"_s, u"R$ 189,90"_s}});
+    add(u"cmdadserv"_s, {{u"txtnome"_s, u"Mão de obra"_s},
+                         {u"txtdescricao"_s, u"Desmontagem, limpeza e teste"_s},
+                         {u"txtvalor"_s, u"R$ 120,00"_s}});
+    pictures.take(*order, u"mnuordemserv"_s);
+    takePreview(pictures, *order, u"mnuordemserv-resultado"_s);
+    order->close();
+    window.findChild<QAction *>(u"cmdrecibor"_s)->trigger();
+    QDialog *receipt = newestDialog(window);
+    pictures.take(*receipt, u"cmdrecibor"_s);
+    takePreview(pictures, *receipt, u"cmdrecibor-resultado"_s);
+    receipt->close();
+}
+
+void agenda(Pictures &pictures, frmPrincipal &window)
+{
+    frmCompromisso *book = frmCompromisso::open(&window);
+    book->findChild<ListView *>(u"lstcompromisso"_s)->selectRow(2);
+    book->findChild<QAction *>(u"editar"_s)->trigger();
+    pictures.takeAndClose(newestDialog(window), u"editarcompromisso"_s);
+    book->close();
+    if (frmAlerta *alert = frmAlerta::open(&window))
+        pictures.takeAndClose(alert, u"alerta"_s);
 }
 
 void lockScreen(Pictures &pictures, frmPrincipal &window)
@@ -331,6 +394,7 @@ int main(int argc, char *argv[])
 
     Pictures pictures(arguments[2]);
     settings::setValue(settings::tipOfTheDay, u"0"_s);
+    settings::setValue(settings::dueAlerts, u"0"_s);
     frmPrincipal window;
     window.show();
     window.start();
@@ -341,6 +405,8 @@ int main(int argc, char *argv[])
     contacts(pictures, window);
     periodViews(pictures, window);
     commandScreens(pictures, window);
+    documents(pictures, window);
+    agenda(pictures, window);
     lockScreen(pictures, window);
     reports(pictures, window);
     return pictures.failed() ? 1 : 0;
