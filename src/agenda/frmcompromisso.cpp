@@ -16,9 +16,6 @@ frmCompromisso::frmCompromisso(QWidget *parent)
     m_ui->setupUi(this);
     prepare();
     m_ui->lstcompromisso->setEmptyText(u"Nenhum compromisso"_s);
-    for (QAction *action : m_ui->tbrbarra->actions())
-        if (!action->isSeparator())
-            m_ui->tbrbarra->widgetForAction(action)->setObjectName(action->objectName());
     connectControls();
 }
 

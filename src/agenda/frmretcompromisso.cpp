@@ -15,9 +15,6 @@ frmRetCompromisso::frmRetCompromisso(QWidget *parent)
     m_ui->setupUi(this);
     prepare();
     m_ui->lstcompromisso->setEmptyText(u"Nenhum compromisso entre estas datas"_s);
-    for (QAction *action : m_ui->tbrbarra->actions())
-        if (!action->isSeparator())
-            m_ui->tbrbarra->widgetForAction(action)->setObjectName(action->objectName());
     connectExports(
         this, {m_ui->imprimir, m_ui->txt, m_ui->html},
         [this] { return appointments::report(m_listing, m_ui->lstcompromisso->tableSource()); },

@@ -1,7 +1,6 @@
 #include "app/backupcommands.h"
 
 #include "settings/backup.h"
-#include "settings/database.h"
 #include "widgets/files.h"
 #include "widgets/messages.h"
 #include "widgets/threadwork.h"
@@ -11,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString title = u"Backup"_s;
-const QString filter = u"Arquivo de banco de dados (*.qorvex)"_s;
+const QString filter = u"Arquivo de banco de dados(*.qorvex)"_s;
 
 } // namespace
 
@@ -22,7 +21,6 @@ void backUp(QWidget *parent)
     const QString target = files::save(parent, u"Realizar backup do banco de dados"_s, filter, u"qorvex"_s);
     if (target.isEmpty())
         return;
-    closeDatabase();
     const bool made = threadwork::run(parent, u"Realizando backup"_s,
                                       u"O banco de dados está sendo copiado e a cópia conferida."_s,
                                       [&](Progress &progress) { backup::make(target, progress); });
@@ -30,7 +28,6 @@ void backUp(QWidget *parent)
         return;
     messages::guarded(parent, messages::generalPrefix, [] { backup::remember(); });
     messages::information(parent, title, u"Backup realizado com sucesso!"_s);
-    messages::guarded(parent, messages::openPrefix, [] { openDatabase(); });
 }
 
 bool restore(QWidget *parent)
@@ -38,7 +35,6 @@ bool restore(QWidget *parent)
     const QString chosen = files::open(parent, u"Restaurar backup do banco de dados"_s, filter);
     if (chosen.isEmpty())
         return false;
-    closeDatabase();
     const bool restored =
         threadwork::run(parent, u"Restaurando backup"_s,
                         u"O backup está sendo conferido e copiado para o lugar do banco de dados."_s,

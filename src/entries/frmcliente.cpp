@@ -34,9 +34,6 @@ frmCliente::frmCliente(const ContactSide &side, QWidget *parent)
     for (QAction *action :
          {m_ui->novo, m_ui->editar, m_ui->remover, m_ui->financeiro, m_ui->mnuemail, m_ui->mnumaladireta})
         m_ui->lstcontato->addAction(action);
-    for (QAction *action : m_ui->tbrbarra->actions())
-        if (!action->isSeparator())
-            m_ui->tbrbarra->widgetForAction(action)->setObjectName(action->objectName());
     connectCommands();
 }
 

@@ -5,7 +5,9 @@
 #include "widgets/formkeys.h"
 #include "widgets/messages.h"
 
+#include <QAction>
 #include <QLineEdit>
+#include <QToolBar>
 
 #include <limits>
 
@@ -22,6 +24,10 @@ void Screen::prepare()
     const auto fields = findChildren<QLineEdit *>();
     for (QLineEdit *field : fields)
         field->setMaxLength(std::numeric_limits<int>::max()); // a field never holds less than its row
+    const auto bars = findChildren<QToolBar *>();
+    for (const QToolBar *bar : bars)
+        for (QAction *action : bar->actions()) // the button of a command bears its name
+            bar->widgetForAction(action)->setObjectName(action->objectName());
 }
 
 bool Screen::load(const std::function<void(Connection &)> &read)

@@ -131,9 +131,9 @@ void tst_viaemail::reportArrives()
     shop.fill(u"txtlogin=ze, txtsenha=segredo-7 ç"_s);
     QCOMPARE(shop.find<QLineEdit>(u"txtsenha"_s)->echoMode(), QLineEdit::Password);
     shop.press(u"cmdsalvar"_s);
-    shop.press(u"chkpagar"_s);
-    shop.press(u"chkbancario"_s);
-    shop.press(u"chkpordata"_s);
+    shop.find<QCheckBox>(u"chkpagar"_s)->click();
+    shop.find<QCheckBox>(u"chkbancario"_s)->click();
+    shop.find<QCheckBox>(u"chkpordata"_s)->click();
     shop.fill(u"cboinicioret=01/11/2026, cbofinalret=30/11/2026"_s);
     QCOMPARE(send(shop, u"cmdenviarret"_s), sendingReport + success);
 
@@ -192,7 +192,7 @@ void tst_viaemail::reportArrives()
     QVERIFY(shop.find<QCheckBox>(u"chkpagar"_s)->isChecked());
     QVERIFY(!shop.find<QCheckBox>(u"chkreceber"_s)->isChecked());
     QVERIFY(shop.find<QCheckBox>(u"chkpordata"_s)->isChecked());
-    shop.press(u"optconcluidosret"_s);
+    shop.find<QRadioButton>(u"optconcluidosret"_s)->click();
     QCOMPARE(settings::value(settings::mailStatus), u"Concluidos"_s);
 }
 
@@ -242,7 +242,7 @@ void tst_viaemail::whatIsMissingIsTold()
         u"information | Aviso | É recomendável enviar pequenas quantidade de dados por e-mail, pois este "
         "processo pode ser extremamente lento se enviado todo o banco de dados, você pode filtrar os dados "
         "entre datas para que o envio seja mais rápido."_s);
-    shop.press(u"chkpordata"_s);
+    shop.find<QCheckBox>(u"chkpordata"_s)->click();
     shop.press(u"cmdenviarret"_s);
     QCOMPARE(shop.told(), u"exclamation | Erro | A data inicial e a data final devem ser preenchidas!"_s);
     for (const QString &field : {u"txtservidor"_s, u"txtnome"_s})
@@ -276,7 +276,7 @@ void tst_viaemail::failureKeepsSettingsAndFile()
     settings::setValue(settings::mailPassword, u"segredo-7 ç"_s);
     QVERIFY(send(shop, u"cmdenviarret"_s).contains(u"| O certificado do servidor "_s));
     shop.press(u"cmdconflogin"_s);
-    shop.press(u"chkcertificado"_s);
+    shop.find<QCheckBox>(u"chkcertificado"_s)->click();
     shop.press(u"cmdsalvar"_s);
     QCOMPARE(send(shop, u"cmdenviarret"_s), sendingReport + success);
     QCOMPARE(m_servers.message()[u"login"_s].toString(), u"ze"_s);
