@@ -32,7 +32,7 @@ int main(int argc, char *argv[])
         {u"lists"_s, measureLists},       {u"accounts"_s, measureAccounts}, {u"centres"_s, measureCentres},
         {u"opening"_s, measureOpening},   {u"start"_s, measureStart},       {u"window"_s, measureWindow},
         {u"saving"_s, measureSaving},     {u"reports"_s, measureReports},   {u"growth"_s, measureGrowth},
-        {u"analysis"_s, measureAnalysis},
+        {u"analysis"_s, measureAnalysis}, {u"guarding"_s, measureGuarding},
     };
     Table table;
     bool found = false;
@@ -43,9 +43,10 @@ int main(int argc, char *argv[])
         found = true;
     }
     if (!found) {
-        std::fputs("usage: tavaro-bench "
-                   "[lists|accounts|centres|opening|start|window|saving|reports|growth|analysis]...\n",
-                   stderr);
+        std::fputs(
+            "usage: tavaro-bench "
+            "[lists|accounts|centres|opening|start|window|saving|reports|growth|analysis|guarding]...\n",
+            stderr);
         return 2;
     }
     return table.allWithinBounds() ? 0 : 1;

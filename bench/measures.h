@@ -18,6 +18,8 @@ void measureCentres(Table &table);
 void measureGrowth(Table &table);
 /// Cash flow, reports, comparisons, statements, statistics, charts.
 void measureAnalysis(Table &table);
+/// Backup, login, the alert of the day.
+void measureGuarding(Table &table);
 
 /// Tasks of a process of their own: start the program until its window answers; make a PDF of all payables.
 void startOnly(const QString &folder);

@@ -65,6 +65,8 @@ std::vector<ListColumn> fitted(const StoredTable &table, const QFontMetrics &met
         if (column.width == 0)
             continue;
         int width = metrics.horizontalAdvance(column.title);
+        if (column.kind == CellKind::Amount) // rows that come later may be of larger ones
+            width = std::max(width, metrics.horizontalAdvance(u"-000.000,00"_s));
         for (int row = 0; row < std::min(table.rowCount(), measuredRows); ++row)
             width = std::max(width, metrics.horizontalAdvance(table.cell(row, i)));
         column.width = std::min(widestColumn, width + cellPadding);
