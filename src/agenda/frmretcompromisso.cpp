@@ -40,7 +40,7 @@ frmRetCompromisso *frmRetCompromisso::open(const AppointmentDates &dates, QWidge
 bool frmRetCompromisso::read(const AppointmentDates &dates)
 {
     if (!reading::run(place(), u"Carregando compromissos"_s, [&](Connection &connection, Progress &progress) {
-            BarProgress both(*m_ui->barraprogresso, progress);
+            BarProgress both(*m_ui->barraprogresso, &progress);
             m_listing = appointments::read(connection, dates, programclock::today(), &both);
         }))
         return false;

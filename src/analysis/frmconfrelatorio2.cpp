@@ -62,6 +62,7 @@ frmConfRelatorio2::frmConfRelatorio2(QWidget *parent)
     sides->addWidget(m_received);
     sides->addStretch();
     grid->addLayout(sides, commandCount + 1, 1);
+    grid->setRowStretch(commandCount + 2, 1);
     prepare();
 }
 

@@ -1,61 +1,14 @@
 #include "analysis/frmfluxo.h"
 #include "ui_frmfluxo.h"
 
-#include "data/progress.h"
 #include "entries/opencommands.h"
 #include "reports/listexportcommands.h"
 #include "widgets/background.h"
+#include "widgets/barprogress.h"
 #include "widgets/messages.h"
 #include "widgets/reading.h"
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// Moves a bar in some fifty steps and passes everything on.
-class BarProgress : public Progress
-{
-public:
-    BarProgress(QProgressBar *bar, Progress *next) : m_bar(bar), m_next(next) {}
-    void begin(std::function<qint64()> total) override
-    {
-        m_total = total;
-        m_step = firstStep;
-        m_nextStep = firstStep;
-        m_bar->setValue(0);
-        if (m_next)
-            m_next->begin(std::move(total));
-    }
-    void advance(qint64 done) override
-    {
-        if (done >= m_nextStep)
-            move(done);
-        if (m_next)
-            m_next->advance(done);
-    }
-
-private:
-    static constexpr qint64 firstStep = 2000; ///< fewer rows are done before a bar could be seen
-
-    void move(qint64 done)
-    {
-        if (done == firstStep) {
-            const qint64 total = std::max<qint64>(m_total(), 1);
-            m_bar->setMaximum(int(total));
-            m_step = std::max<qint64>(total / 50, 1);
-        }
-        m_bar->setValue(int(done));
-        m_nextStep = done + m_step;
-    }
-
-    QProgressBar *m_bar;
-    Progress *m_next;
-    std::function<qint64()> m_total;
-    qint64 m_step = firstStep;
-    qint64 m_nextStep = firstStep;
-};
-
-} // namespace
 
 frmfluxo::frmfluxo(cashflow::Mode mode, QWidget *parent)
     : QDialog(parent, Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
@@ -86,7 +39,7 @@ frmfluxo *frmfluxo::open(cashflow::Mode mode, const cashflow::Choice &choice, QW
     cashflow::Result result{mode, choice, {}};
     const bool read =
         reading::run(parent, cashflow::caption(mode), [&](Connection &connection, Progress &progress) {
-            BarProgress bar(screen->m_ui->barraprogresso, &progress);
+            BarProgress bar(*screen->m_ui->barraprogresso, &progress);
             result = cashflow::read(connection, mode, choice, &bar);
         });
     if (!read)
@@ -137,7 +90,7 @@ void frmfluxo::saveHtml()
     exportar::saveFile(
         this, {u"Salvar relatório de fluxo de caixa em html"_s, u"Arquivos HTML(*.html)"_s, u"html"_s},
         [&](QIODevice &device, Progress *progress) {
-            BarProgress bar(m_ui->barraprogresso, progress);
+            BarProgress bar(*m_ui->barraprogresso, progress);
             reporttext::writeHtml(device, shown, &bar);
         });
 }

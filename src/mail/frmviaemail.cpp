@@ -188,7 +188,7 @@ void frmViaEmail::sendReport()
     const QString path = programfolder::file(mailreport::attachmentName.toString());
     const bool saved = messages::guarded(this, messages::generalPrefix, [&] {
         WaitProgress wait(this, preparing.toString(), u"Por favor aguarde enquanto o arquivo é gravado."_s);
-        BarProgress progress(*m_ui->pbprogresso, wait);
+        BarProgress progress(*m_ui->pbprogresso, &wait);
         mailreport::saveText(path, sections, &progress);
     });
     if (saved)
