@@ -13,6 +13,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <functional>
 #include <future>
 
 using namespace Qt::StringLiterals;
@@ -140,30 +141,51 @@ std::unique_ptr<Connection> openDatabaseFile(const QString &path)
     return connection;
 }
 
-/// Writes the bytes of `source`, in one state of it, to a new file `path`. The first query within the lock is
-/// what keeps others from changing the file.
-void copyBytes(Connection &source, NewFile &target, Progress &progress)
+/// The file in pieces, to `use`, which is told where each begins.
+void eachPiece(Connection &source, const std::function<void(qint64 offset, const QByteArray &piece)> &use)
 {
-    const ReadLock oneState(source);
-    schema::isComplete(source);
     const qint64 size = source.fileSize();
-    progress.begin([size] { return size / pieceSize + 1; });
-    QByteArray piece(pieceSize, '\0');
-    for (qint64 offset = 0; offset < size; offset += pieceSize) {
-        const int length = int(std::min<qint64>(pieceSize, size - offset));
-        source.readFile(offset, piece.data(), length);
-        target.write(piece.constData(), length);
-        progress.advance(offset / pieceSize + 1);
+    QByteArray piece;
+    for (qint64 offset = 0; offset < size; offset += piece.size()) {
+        piece.resize(int(std::min<qint64>(pieceSize, size - offset)));
+        source.readFile(offset, piece.data(), int(piece.size()));
+        use(offset, piece);
     }
 }
 
-/// Copies and checks the copy, while the disk takes it.
+/// Throws unless the file at `path` holds the bytes of `source`.
+void compare(Connection &source, const QString &path)
+{
+    QFile copy(path);
+    bool same = copy.open(QIODevice::ReadOnly | QIODevice::Unbuffered) && copy.size() == source.fileSize();
+    QByteArray written(pieceSize, '\0');
+    eachPiece(source, [&](qint64, const QByteArray &piece) {
+        same = same && copy.read(written.data(), piece.size()) == piece.size() &&
+               memcmp(written.constData(), piece.constData(), std::size_t(piece.size())) == 0;
+    });
+    if (!same)
+        throw Error(Error::Kind::File, u"\"%1\" não foi gravado como devia."_s.arg(path));
+}
+
+/// Writes the bytes of `source`, in one state of it, to a new file `path`. Meanwhile the source is checked;
+/// the copy, whose bytes are compared with it while the disk takes them, is then as good.
 void copyChecked(Connection &source, NewFile &target, const QString &path, Progress &progress)
 {
-    copyBytes(source, target, progress);
+    const ReadLock oneState(source);
+    schema::isComplete(source); // the first query is what keeps others from changing the file
+    const std::unique_ptr<Connection> checked = openDatabaseFile(source.path());
+    std::future<void> isWhole = std::async(std::launch::async, [&checked] { checked->checkIntegrity(); });
+    const qint64 size = source.fileSize();
+    progress.begin([size] { return size / pieceSize + 1; });
+    eachPiece(source, [&](qint64 offset, const QByteArray &piece) {
+        target.write(piece.constData(), piece.size());
+        progress.advance(offset / pieceSize + 1);
+    });
     std::future<void> onDisk = std::async(std::launch::async, [&target] { target.sync(); });
-    openDatabaseFile(path)->checkIntegrity();
+    compare(source, path);
+    isWhole.get();
     onDisk.get();
+    openDatabaseFile(path);
 }
 
 /// Keeps others from reading and writing the database; null when it is not there, or is none that opens.
