@@ -7,12 +7,13 @@
 #include "analysis/frmprojecao.h"
 #include "app/accesscommands.h"
 #include "app/backupcommands.h"
-#include "app/externaltools.h"
 #include "app/frmconfigsoft.h"
 #include "app/frmdica.h"
-#include "app/reportbuttons.h"
+#include "app/listreader.h"
 #include "app/reportmenus.h"
 #include "app/screencommands.h"
+#include "app/switchcommands.h"
+#include "app/toolbarcommands.h"
 #include "bank/accountpane.h"
 #include "bank/movementpane.h"
 #include "data/clock.h"
@@ -21,7 +22,6 @@
 #include "entries/entrylist.h"
 #include "entries/entrypane.h"
 #include "mail/frmviaemail.h"
-#include "settings/autostart.h"
 #include "settings/database.h"
 #include "settings/listlayout.h"
 #include "widgets/background.h"
@@ -30,17 +30,16 @@
 #include "widgets/messages.h"
 
 #include <QCloseEvent>
-#include <QDeadlineTimer>
 #include <QLabel>
-#include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QStatusBar>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int loadAtOnce = 20; ///< milliseconds of work on tabs that are not shown, before the window answers
 constexpr int betweenTries = 5'000; ///< milliseconds, to open a database that was not there
 
 } // namespace
@@ -77,13 +76,10 @@ void frmPrincipal::makeTabs()
                                                    {m_ui->mnueditarbancos, m_accounts}};
     for (const auto &[menu, pane] : menus)
         menu->addActions(pane->findChild<ListView *>()->actions());
-    connect(m_ui->tabprincipal, &QTabWidget::currentChanged, this, &frmPrincipal::tabShown);
+    m_reader = new ListReader(listPanes(), *m_accounts, this);
+    connect(m_ui->tabprincipal, &QTabWidget::currentChanged, m_reader, &ListReader::show);
     for (EntryPane *pane : {m_payables, m_receivables})
         new EntryCommands(*pane, *m_receivables, this);
-    for (ListPane *pane : listPanes())
-        connect(pane, &ListPane::loaded, this, &frmPrincipal::loadNext);
-    m_loadNext.setSingleShot(true);
-    connect(&m_loadNext, &QTimer::timeout, this, &frmPrincipal::loadNext);
     m_tryAgain.setInterval(betweenTries);
     connect(&m_tryAgain, &QTimer::timeout, this, &frmPrincipal::tryToOpen);
 }
@@ -95,8 +91,9 @@ void frmPrincipal::connectCommands()
     connect(m_ui->mnucadbancario, &QAction::triggered, m_movements->addCommand, &QAction::trigger);
     connectScreenCommands(*this);
     makeReportMenus(*this);
-    makeReportButtons(*this);
+    completeToolBar(*this);
     m_access = new AccessCommands(*this);
+    m_switches = new SwitchCommands(*this);
     connect(m_ui->mnurestbak, &QAction::triggered, this, [this] {
         if (backupcommands::restore(this))
             reloadAll();
@@ -116,45 +113,7 @@ void frmPrincipal::connectCommands()
     });
     connect(m_ui->mnuatualizarlistas, &QAction::triggered, this, &frmPrincipal::reloadAll);
     connect(m_ui->mnuconfigsoft, &QAction::triggered, this, [this] { frmConfigSoft(this).exec(); });
-    connectSwitch(m_ui->mnuexibirprincipal, settings::refreshMainWindow);
-    connectSwitch(m_ui->mnuatualizarsaldo, settings::updateBalances);
-    connectSwitch(m_ui->mnumostrardicadia, settings::tipOfTheDay);
-    connectSwitch(m_ui->mnualertavenc, settings::dueAlerts);
-    connect(m_ui->mnuiniciar, &QAction::toggled, this, [this](bool on) {
-        messages::guarded(this, messages::generalPrefix, [&] {
-            if (const QString problem = autostart::setEnabled(on); !problem.isEmpty())
-                messages::exclamation(this, u"Iniciar com o sistema"_s, problem);
-        });
-        applySettings(); // the mark shows what is stored
-    });
-    connect(m_ui->mnucalc, &QAction::triggered, this, [this] { externaltools::calculator(this); });
-    connect(m_ui->mnunotepad, &QAction::triggered, this, [this] { externaltools::textEditor(this); });
-    connect(m_ui->mnumanual, &QAction::triggered, this, [this] { externaltools::manual(this); });
-    connect(m_ui->mnusobre, &QAction::triggered, this, [this] {
-        messages::information(this, u"Sobre o Tavaro"_s,
-                              u"Tavaro "_s + QCoreApplication::applicationVersion() +
-                                  u"\nControle financeiro e de estoque para pequenas empresas.\n\n"
-                                  "Software livre sob a licença GPL, versão 3 ou posterior."_s);
-    });
     connect(m_ui->mnusair, &QAction::triggered, this, &QWidget::close);
-    const std::pair<QAction *, QString> keys[] = {
-        {m_ui->mnuclientes, u"clientes"_s}, {m_ui->mnufornecedores, u"fornecedores"_s},
-        {m_ui->mnuestoque, u"estoque"_s},   {m_ui->mnucomp, u"comp"_s},
-        {m_ui->mnumanual, u"manual"_s},     {m_ui->mnusobre, u"sobre"_s},
-        {m_ui->mnusair, u"sair"_s}};
-    for (const auto &[action, key] : keys)
-        m_ui->tbrbarra->widgetForAction(action)->setObjectName(key);
-}
-
-void frmPrincipal::connectSwitch(QAction *action, const settings::Key &key)
-{
-    connect(action, &QAction::toggled, this, [this, action, key](bool on) {
-        if (messages::guarded(this, messages::generalPrefix,
-                              [&] { settings::setValue(key, on ? u"1"_s : u"0"_s); }))
-            return;
-        const QSignalBlocker blocker(action);
-        action->setChecked(!on);
-    });
 }
 
 void frmPrincipal::start()
@@ -207,15 +166,6 @@ void frmPrincipal::showTab(Tab tab)
     m_ui->tabprincipal->setCurrentIndex(tab);
 }
 
-/// A tab that comes to the front is read if it has not been yet; the accounts are computed every time.
-void frmPrincipal::tabShown(int tab)
-{
-    if (tab == AccountsTab)
-        m_accounts->refresh();
-    else if (m_unread.contains(listPanes().at(tab)))
-        load(*listPanes().at(tab));
-}
-
 /// Reads everything anew: the tab in front at once, the others as time allows.
 void frmPrincipal::reloadAll()
 {
@@ -230,47 +180,7 @@ void frmPrincipal::reloadAll()
         return;
     if (!wasIn)
         QMetaObject::invokeMethod(this, &frmPrincipal::alertDue, Qt::QueuedConnection);
-    for (ListPane *pane : listPanes())
-        m_unread.insert(pane);
-    m_balancesWanted = true;
-    const int tab = m_ui->tabprincipal->currentIndex();
-    if (tab < AccountsTab)
-        load(*listPanes().at(tab));
-    else
-        loadNext();
-}
-
-/// A choice that was kept and breaks the query would leave the list empty at every start.
-void frmPrincipal::load(ListPane &pane)
-{
-    m_unread.remove(&pane);
-    if (!pane.reload() && pane.filtersFailed())
-        pane.reloadUnfiltered();
-}
-
-/// Reads what is still to be read, one thing after the other. Short work follows at once, so that a small
-/// business is complete when the window appears.
-void frmPrincipal::loadNext()
-{
-    if (m_loadingNext)
-        return;
-    const QScopedValueRollback loading(m_loadingNext, true);
-    const QDeadlineTimer soon(loadAtOnce);
-    for (ListPane *pane : listPanes()) {
-        if (pane->feed().isLoading())
-            return;
-        if (!m_unread.contains(pane))
-            continue;
-        if (soon.hasExpired()) {
-            m_loadNext.start();
-            return;
-        }
-        load(*pane);
-        if (pane->feed().isLoading())
-            return;
-    }
-    if (std::exchange(m_balancesWanted, false))
-        m_accounts->refresh();
+    m_reader->readAll(m_ui->tabprincipal->currentIndex());
 }
 
 /// The network may be back, or the file.
@@ -286,16 +196,11 @@ void frmPrincipal::tryToOpen()
 
 ListPane *frmPrincipal::paneOf(Subject subject) const
 {
-    switch (subject) {
-    case Subject::Payables:
-        return m_payables;
-    case Subject::Receivables:
-        return m_receivables;
-    case Subject::Movements:
-        return m_movements;
-    default:
-        return nullptr;
-    }
+    const std::pair<Subject, ListPane *> panes[] = {{Subject::Payables, m_payables},
+                                                    {Subject::Receivables, m_receivables},
+                                                    {Subject::Movements, m_movements}};
+    const auto found = std::ranges::find(panes, subject, &std::pair<Subject, ListPane *>::first);
+    return found == std::end(panes) ? nullptr : found->second;
 }
 
 /// The one place where the window follows what was written, by its own commands or by other screens.
@@ -322,34 +227,17 @@ void frmPrincipal::dataChanged(const Change &change)
     m_accounts->follow(change);
 }
 
-QList<ListView *> frmPrincipal::lists()
-{
-    return {&m_payables->list(), &m_receivables->list(), &m_movements->list(), &m_accounts->list()};
-}
-
 void frmPrincipal::applySettings()
 {
-    for (ListView *list : lists())
+    for (ListView *list : m_ui->tabprincipal->findChildren<ListView *>())
         applyListStyle(*list);
-    const QSignalBlocker quietTip(m_ui->mnumostrardicadia);
-    m_ui->mnumostrardicadia->setChecked(settings::value(settings::tipOfTheDay) != "0"_L1);
-    const std::pair<QAction *, const settings::Key &> switches[] = {
-        {m_ui->mnuexibirprincipal, settings::refreshMainWindow},
-        {m_ui->mnuatualizarsaldo, settings::updateBalances},
-        {m_ui->mnualertavenc, settings::dueAlerts},
-        {m_ui->mnuiniciar, settings::startWithSystem}};
-    for (const auto &[action, key] : switches) {
-        const QSignalBlocker blocker(action);
-        action->setChecked(settings::isOn(key));
-    }
+    m_switches->show();
 }
 
 void frmPrincipal::closeEvent(QCloseEvent *event)
 {
-    if (!frmViaEmail::mayClose(this)) {
-        event->ignore();
-        return;
-    }
+    if (!frmViaEmail::mayClose(this))
+        return event->ignore();
     if (m_layoutShown)
         messages::guarded(this, messages::generalPrefix, [this] {
             std::vector<std::pair<ListLayoutFile, ListLayout>> shown;

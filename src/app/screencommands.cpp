@@ -3,6 +3,7 @@
 #include "agenda/frmcalendario.h"
 #include "agenda/frmcompromisso.h"
 #include "app/backupcommands.h"
+#include "app/externaltools.h"
 #include "app/frmdica.h"
 #include "app/frmestsoftware.h"
 #include "app/frmgerenciarlogin.h"
@@ -15,9 +16,13 @@
 #include "entries/periodview.h"
 #include "sales/frmestoque.h"
 #include "sales/frmordemserv.h"
+#include "widgets/messages.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QMainWindow>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -33,6 +38,14 @@ void openView(QWidget *parent)
     frmVisualizar::open(kind(), period, parent);
 }
 
+void tellAbout(QWidget *parent)
+{
+    messages::information(parent, u"Sobre o Tavaro"_s,
+                          u"Tavaro "_s + QCoreApplication::applicationVersion() +
+                              u"\nControle financeiro e de estoque para pequenas empresas.\n\n"
+                              "Software livre sob a licença GPL, versão 3 ou posterior."_s);
+}
+
 constexpr ScreenCommand commands[] = {
     {u"mnuclientes", [](QWidget *parent) { frmCliente::open(clients(), parent); }},
     {u"mnufornecedores", [](QWidget *parent) { frmCliente::open(suppliers(), parent); }},
@@ -40,6 +53,10 @@ constexpr ScreenCommand commands[] = {
     {u"mnucentrolucro", [](QWidget *parent) { frmCentroCusto::openFor(profitCentres(), parent); }},
     {u"mnuconflogin", [](QWidget *parent) { frmGerenciarLogin::open(parent); }},
     {u"mnurealizarbak", backupcommands::backUp},
+    {u"mnucalc", externaltools::calculator},
+    {u"mnunotepad", externaltools::textEditor},
+    {u"mnumanual", externaltools::manual},
+    {u"mnusobre", tellAbout},
     {u"mnuestsoftware", [](QWidget *parent) { frmEstSoftware::open(parent); }},
     {u"mnudicadia", [](QWidget *parent) { frmDica::open(parent); }},
     {u"mnucomp", [](QWidget *parent) { frmCompromisso::open(parent); }},

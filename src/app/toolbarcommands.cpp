@@ -1,4 +1,4 @@
-#include "app/reportbuttons.h"
+#include "app/toolbarcommands.h"
 
 #include <QAction>
 #include <QMainWindow>
@@ -69,11 +69,14 @@ QToolButton *newButton(QMainWindow &window, const DropDown &drop, QToolBar &bar)
 
 } // namespace
 
-void makeReportButtons(QMainWindow &window)
+void completeToolBar(QMainWindow &window)
 {
     auto *bar = window.findChild<QToolBar *>(u"tbrbarra"_s);
     auto *before = window.findChild<QAction *>(u"mnuatualizarlistas"_s);
     for (const DropDown &drop : dropDowns())
         bar->insertWidget(before, newButton(window, drop, *bar));
     bar->insertSeparator(before);
+    for (const QString &key :
+         {u"clientes"_s, u"fornecedores"_s, u"estoque"_s, u"comp"_s, u"manual"_s, u"sobre"_s, u"sair"_s})
+        bar->widgetForAction(window.findChild<QAction *>(u"mnu"_s + key))->setObjectName(key);
 }

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QSet>
+#include <QTimer>
+
+class AccountPane;
+class ListPane;
+
+/// In which order the main window reads what it shows: the list in front at once, the others as time allows,
+/// the balances of the accounts when the lists are read.
+class ListReader : public QObject
+{
+    Q_OBJECT
+
+public:
+    ListReader(QList<ListPane *> panes, AccountPane &accounts, QObject *parent);
+
+    /// Everything anew. `tab` is the one in front; the accounts stand behind the lists.
+    void readAll(int tab);
+    /// A tab came to the front: it is read if it has not been yet; the accounts are computed every time.
+    void show(int tab);
+
+private:
+    void load(ListPane &pane);
+    void loadNext();
+
+    QList<ListPane *> m_panes;
+    AccountPane &m_accounts;
+    QTimer m_next;
+    QSet<ListPane *> m_unread;     ///< their turn comes
+    bool m_balancesWanted = false; ///< once the lists are read
+    bool m_isLoadingNext = false;
+};
