@@ -5,6 +5,7 @@
 #include "analysis/statisticscommands.h"
 #include "support/answers.h"
 #include "support/ledger.h"
+#include "support/paper.h"
 #include "support/shop.h"
 
 #include <QImage>
@@ -52,21 +53,6 @@ QString ticksOf(const QString &amounts)
     for (const Money tick : chartdata::ticks(chart))
         texts << chartdata::tickText(tick).remove(u"R$ "_s);
     return texts.join(u' ');
-}
-
-/// The text of a PDF file, lines as they stand on the page.
-QString pdfText(const QString &path)
-{
-    QProcess reader;
-    reader.start(u"pdftotext"_s, {u"-layout"_s, path, u"-"_s});
-    reader.waitForFinished();
-    return QString::fromUtf8(reader.readAllStandardOutput());
-}
-
-QByteArray contents(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 } // namespace
@@ -229,7 +215,7 @@ void tst_charts::chartOnScreenPaperAndInFiles()
     shop.press(u"cmdsvg"_s);
     shop.boxes.chooseFile(png);
     shop.press(u"cmdpng"_s);
-    const QString drawing = QString::fromUtf8(contents(svg));
+    const QString drawing = QString::fromUtf8(contentsOf(svg));
     for (const QString &written : {text, drawing}) // letters, not dots
         for (const QString &part : {u"Movimento anual (despesas)"_s, u"R$ 321,00"_s, u"R$ 20,00"_s,
                                     u"R$ 1,00"_s, u"Despesas pendentes"_s, u"R$ 400"_s})

@@ -19,9 +19,7 @@ void addUsers(Shop &shop, bool required)
 std::function<void(QDialog &)> enter(const QString &user, const QString &password, const QString &then = {})
 {
     return [=](QDialog &dialog) {
-        dialog.findChild<QLineEdit *>(u"txtusuario"_s)->setText(user);
-        dialog.findChild<QLineEdit *>(u"txtsenha"_s)->setText(password);
-        dialog.findChild<QPushButton *>(u"cmdentrar"_s)->click();
+        Shop::enter(user, password)(dialog);
         if (!then.isEmpty())
             dialog.findChild<QPushButton *>(then)->click();
     };

@@ -1,5 +1,6 @@
 #include "settings/settings.h"
 #include "support/answers.h"
+#include "support/paper.h"
 #include "support/shop.h"
 
 #include <QProcess>
@@ -427,10 +428,7 @@ void tst_commands::labelsAreOfTheListShown()
         shop.boxes.chooseFile(path);
         shop.press(u"cmdpdf"_s);
         shop.closeScreens();
-        QProcess reader;
-        reader.start(u"pdftotext"_s, {path, u"-"_s});
-        return reader.waitForFinished() ? QString::fromUtf8(reader.readAllStandardOutput()).simplified()
-                                        : QString();
+        return pdfText(path).simplified();
     });
 }
 

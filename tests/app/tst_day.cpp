@@ -1,7 +1,5 @@
 #include "support/shop.h"
 
-#include <QProcess>
-
 using namespace Qt::StringLiterals;
 
 /// One whole day of a shop on an empty database, played on the real screens.
@@ -70,18 +68,7 @@ void tst_day::aDayInTheShop()
         "Torrefação São José | Mercadorias |  | Moedor  - Parcela 1 de 2 | 2026/12/14\n"
         "Torrefação São José | Mercadorias |  | Moedor  - Parcela 2 de 2 | 2027/01/14\n"_s);
 
-    const QString paper = shop.program.file(u"dia.pdf"_s);
-    shop.boxes.drive([&shop, paper](QDialog &preview) {
-        shop.boxes.chooseFile(paper);
-        shop.boxes.answer(QMessageBox::No);
-        preview.findChild<QPushButton *>(u"cmdpdf"_s)->click();
-        preview.close();
-    });
-    shop.command(u"cmdimprimirr"_s);
-    QProcess reader;
-    reader.start(u"pdftotext"_s, {u"-layout"_s, paper, u"-"_s});
-    QVERIFY(reader.waitForFinished());
-    const QString printed = QString::fromUtf8(reader.readAllStandardOutput());
+    const QString printed = shop.printed([&] { shop.command(u"cmdimprimirr"_s); });
     for (const QString &expected : {u"DESCRIÇÃO DA RECEITA"_s, u"Ana & Filhos"_s, u"CONTAS A RECEBER"_s})
         QVERIFY2(printed.contains(expected), qPrintable(printed));
     QVERIFY2(shop.boxes.unanswered().isEmpty(), qPrintable(shop.boxes.unanswered().join(u'\n')));

@@ -4,30 +4,7 @@
 #include "support/mailserver.h"
 #include "support/shop.h"
 
-#include <QProcess>
-
 using namespace Qt::StringLiterals;
-
-namespace {
-
-std::function<void(QDialog &)> enter(const QString &user, const QString &password)
-{
-    return [=](QDialog &dialog) {
-        dialog.findChild<QLineEdit *>(u"txtusuario"_s)->setText(user);
-        dialog.findChild<QLineEdit *>(u"txtsenha"_s)->setText(password);
-        dialog.findChild<QPushButton *>(u"cmdentrar"_s)->click();
-    };
-}
-
-QString printed(const QString &paper)
-{
-    QProcess reader;
-    reader.start(u"pdftotext"_s, {u"-layout"_s, paper, u"-"_s});
-    return reader.waitForFinished() ? QString::fromUtf8(reader.readAllStandardOutput()).simplified()
-                                    : reader.errorString();
-}
-
-} // namespace
 
 /// A morning with all that is not entries and accounts, played on the real screens.
 class tst_morning : public QObject
@@ -46,8 +23,6 @@ private:
     void printPapers();
     void sendReport();
     void lockAndUnlock();
-    /// Presses cmdimprimir and saves the preview.
-    QString print(const QString &name);
 
     std::unique_ptr<Shop> m_shop;
 };
@@ -84,7 +59,7 @@ void tst_morning::logInAndSettle()
     settings::setValue(settings::dueAlerts, u"1"_s);
     shop.boxes.drive([&](QDialog &dialog) {
         QVERIFY(!shop.screen(u"frmAlerta"_s));
-        enter(u"ana"_s, u"ABC"_s)(dialog);
+        Shop::enter(u"ana"_s, u"ABC"_s)(dialog);
     });
     shop.open();
     QCOMPARE(shop.told(), u"dialog | frmLogin | Login"_s);
@@ -113,26 +88,12 @@ void tst_morning::keepAppointment()
     shop.press(u"cmdsair"_s);
 }
 
-QString tst_morning::print(const QString &name)
-{
-    const QString paper = m_shop->program.file(name);
-    m_shop->boxes.drive([this, paper](QDialog &preview) {
-        m_shop->boxes.chooseFile(paper);
-        m_shop->boxes.answer(QMessageBox::No);
-        preview.findChild<QPushButton *>(u"cmdpdf"_s)->click();
-        preview.close();
-    });
-    m_shop->press(u"cmdimprimir"_s);
-    m_shop->told();
-    return printed(paper);
-}
-
 void tst_morning::printPapers()
 {
     Shop &shop = *m_shop;
     shop.list(u"lstpagar"_s)->selectRow(0);
     shop.command(u"cmdrecibod"_s);
-    const QString receipt = print(u"recibo.pdf"_s);
+    const QString receipt = shop.printed([&] { shop.press(u"cmdimprimir"_s); }).simplified();
     QVERIFY2(receipt.contains(u"Pagamento para: Zé"_s) && receipt.contains(u"Valor: R$ 40,00"_s),
              qPrintable(receipt));
     shop.press(u"cmdsair"_s);
@@ -140,7 +101,7 @@ void tst_morning::printPapers()
     shop.press(u"cmdadpro"_s);
     shop.fill(u"txtnome=Café, txtvalor=12,5, txtqtde=2"_s);
     shop.press(u"cmdadicionar"_s);
-    const QString order = print(u"ordem.pdf"_s);
+    const QString order = shop.printed([&] { shop.press(u"cmdimprimir"_s); }).simplified();
     QVERIFY2(order.contains(u"Total a pagar: R$ 25,00"_s), qPrintable(order));
     shop.press(u"cmdsair"_s);
 }
@@ -152,6 +113,7 @@ void tst_morning::sendReport()
     shop.command(u"mnuretviaemail"_s);
     shop.fill(u"txtnome=Ana, txtemail=ana@loja.example, txtservidor="_s + servers[u"plain"_s]);
     shop.find<QCheckBox>(u"chkpagar"_s)->click();
+    shop.told(); // the previews
     shop.press(u"cmdenviarret"_s);
     QString told;
     QVERIFY(QTest::qWaitFor(
@@ -170,10 +132,11 @@ void tst_morning::lockAndUnlock()
 {
     Shop &shop = *m_shop;
     shop.command(u"mnucomp"_s);
+    shop.told();
     bool hidden = false;
     shop.boxes.drive([&](QDialog &dialog) {
         hidden = !shop.screen(u"frmCompromisso"_s) && !shop.window->centralWidget()->isVisible();
-        enter(u"Ana"_s, u"abc"_s)(dialog);
+        Shop::enter(u"Ana"_s, u"abc"_s)(dialog);
     });
     shop.command(u"mnubloquearsoft"_s);
     QVERIFY(hidden);

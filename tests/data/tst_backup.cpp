@@ -5,6 +5,7 @@
 #include "settings/backup.h"
 #include "settings/database.h"
 #include "settings/settings.h"
+#include "support/paper.h"
 #include "support/testprogram.h"
 
 #include <QCoreApplication>
@@ -123,12 +124,6 @@ QString markOf(const QString &path)
     }
 }
 
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 } // namespace
 
 class tst_backup : public QObject
@@ -197,7 +192,7 @@ void tst_backup::refusedBackupsChangeNothing()
     QVERIFY(QFile::copy(m_copy, cut) && QFile::resize(cut, QFileInfo(cut).size() / 2));
     Connection::create(alien, schema::password.toString())->executeNative("CREATE TABLE banco (x)");
     QCOMPARE(link(QFile::encodeName(m_live).constData(), QFile::encodeName(second).constData()), 0);
-    const QByteArray before = bytesOf(m_live);
+    const QByteArray before = contentsOf(m_live);
 
     const auto told = [this](const QString &chosen) {
         return failure([&] { copy(false, m_live, chosen); }).remove(m_folder->path() + u'/');
@@ -210,7 +205,7 @@ void tst_backup::refusedBackupsChangeNothing()
             told(same).endsWith(u"é o próprio arquivo em uso, e não um backup dele. Nada foi alterado."_s),
             qPrintable(told(same)));
     QVERIFY(!told(file(u"nenhum.qorvex"_s)).isEmpty());
-    QCOMPARE(bytesOf(m_live), before);
+    QCOMPARE(contentsOf(m_live), before);
     QCOMPARE(others().join(u' '), u"alheio.qorvex cortado.qorvex outro-nome.qorvex texto.qorvex"_s);
 }
 
@@ -232,7 +227,7 @@ void tst_backup::journalOfDamagedFileIsNotPlayedIntoTheNewOne()
         SharedConnection shared;
         const std::shared_ptr<Connection> connection = shared.open(m_live);
         connection->executeNative("PRAGMA cache_size=1; BEGIN; UPDATE cliente SET adicionais = 'y'");
-        journal = bytesOf(m_live + u"-journal"_s);
+        journal = contentsOf(m_live + u"-journal"_s);
         connection->executeNative("ROLLBACK");
     }
     QVERIFY(journal.size() > 1'000'000);
@@ -289,7 +284,7 @@ void tst_backup::fullDiskLeavesWhatWasThere()
     QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
     rlimit full = before;
     full.rlim_cur = 1024 * 1024;
-    const QByteArray live = bytesOf(m_live), older = bytesOf(m_copy);
+    const QByteArray live = contentsOf(m_live), older = contentsOf(m_copy);
     QVERIFY(live.size() > 2 * 1024 * 1024);
     QCOMPARE(setrlimit(RLIMIT_FSIZE, &full), 0);
     const QString backedUp = failure([this] { copy(true, m_live, m_copy); });
@@ -297,7 +292,7 @@ void tst_backup::fullDiskLeavesWhatWasThere()
     QCOMPARE(setrlimit(RLIMIT_FSIZE, &before), 0);
     QVERIFY2(backedUp.startsWith(u"o disco está cheio"_s), qPrintable(backedUp));
     QVERIFY2(restored.startsWith(u"o disco está cheio"_s), qPrintable(restored));
-    QVERIFY(bytesOf(m_live) == live && bytesOf(m_copy) == older);
+    QVERIFY(contentsOf(m_live) == live && contentsOf(m_copy) == older);
     QCOMPARE(others(), QStringList());
 }
 

@@ -86,7 +86,7 @@ void tst_mailer::deliversEveryByteAndLetter()
     QVERIFY(file.open(QFile::WriteOnly));
     QByteArray bytes("\r\n.\r\n..\nFrom fim\n");
     for (int i = 0; i < 300'000; ++i)
-        bytes += char(i * i / 7);
+        bytes += char(qint64(i) * i / 7);
     file.write(bytes);
     file.close();
     const QString subject =

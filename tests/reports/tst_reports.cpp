@@ -6,6 +6,7 @@
 #include "reports/reporttext.h"
 #include "settings/settings.h"
 #include "support/boxes.h"
+#include "support/paper.h"
 #include "support/testprogram.h"
 #include "widgets/documentpages.h"
 #include "widgets/listview.h"
@@ -88,13 +89,6 @@ QList<QStringList> numbered(int count)
     for (int i = 0; i < count; ++i)
         lines << QStringList{u"linha %1"_s.arg(i)};
     return lines;
-}
-
-QString pdfText(const QString &path, const QString &form = u"-layout"_s)
-{
-    QProcess process;
-    process.start(u"pdftotext"_s, {form, u"-enc"_s, u"UTF-8"_s, path, u"-"_s});
-    return process.waitForFinished() ? QString::fromUtf8(process.readAllStandardOutput()) : QString();
 }
 
 QPageLayout paper(QPageLayout::Orientation orientation = QPageLayout::Portrait)

@@ -4,6 +4,7 @@
 #include "data/clock.h"
 #include "settings/database.h"
 #include "settings/settings.h"
+#include "support/paper.h"
 
 using namespace Qt::StringLiterals;
 
@@ -109,6 +110,28 @@ QString Shop::label(const QString &name) const
 ListView *Shop::list(const QString &name) const
 {
     return find<ListView>(name);
+}
+
+QString Shop::printed(const std::function<void()> &print)
+{
+    const QString paper = program.file(u"paginas%1.pdf"_s.arg(++m_prints));
+    boxes.drive([this, paper](QDialog &preview) {
+        boxes.chooseFile(paper);
+        boxes.answer(QMessageBox::No);
+        preview.findChild<QPushButton *>(u"cmdpdf"_s)->click();
+        preview.close();
+    });
+    print();
+    return pdfText(paper);
+}
+
+std::function<void(QDialog &)> Shop::enter(const QString &user, const QString &password)
+{
+    return [=](QDialog &dialog) {
+        dialog.findChild<QLineEdit *>(u"txtusuario"_s)->setText(user);
+        dialog.findChild<QLineEdit *>(u"txtsenha"_s)->setText(password);
+        dialog.findChild<QPushButton *>(u"cmdentrar"_s)->click();
+    };
 }
 
 int Shop::tab() const

@@ -63,12 +63,19 @@ public:
     QString label(const QString &name) const;
     ListView *list(const QString &name) const;
     int tab() const;
+    /// Saves the pages of the preview that `print` opens, and gives their text.
+    QString printed(const std::function<void()> &print);
+    /// What somebody does on a login screen.
+    static std::function<void(QDialog &)> enter(const QString &user, const QString &password);
     /// The boxes since the last call, one line each.
     QString told() { return boxes.seen().join(u'\n'); }
 
     TestProgram program;
     Boxes boxes;
     std::unique_ptr<frmPrincipal> window;
+
+private:
+    int m_prints = 0;
 };
 
 /// Puts another file, of the same contents, in the place of the database.
