@@ -8,12 +8,10 @@
 #include "widgets/messages.h"
 #include "widgets/pageprinter.h"
 
-#include <QDesktopServices>
 #include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
@@ -49,7 +47,7 @@ void saveFile(QWidget *parent, const SaveChooser &chooser, const reporttext::Wri
         reporttext::saveFile(path, write, &progress);
     });
     if (saved)
-        offerToOpen(parent, path);
+        files::offerToOpen(parent, path);
 }
 
 void print(QWidget *parent, const Report &report, const modimpressao::PageSetup &setup)
@@ -122,15 +120,6 @@ QString savePdf(QWidget *parent, const QString &title, Pages &pages, const QPage
         pageprinter::savePdf(path, pages, paper, &progress);
     });
     return saved ? path : QString();
-}
-
-void offerToOpen(QWidget *parent, const QString &path)
-{
-    const bool open = messages::question(
-        parent, u"Visualizar"_s,
-        u"Os dados foram salvos com sucesso para arquivo, deseja abrir o arquivo agora?"_s);
-    if (open && !QDesktopServices::openUrl(QUrl::fromLocalFile(path)))
-        messages::exclamation(parent, u"Visualizar"_s, u"Não foi possível abrir o arquivo: "_s + path);
 }
 
 void showPageError(QWidget *parent, const Error &error)

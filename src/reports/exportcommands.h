@@ -53,8 +53,6 @@ bool printOnPrinter(QWidget *parent, Pages &pages, const QPageLayout &paper);
 /// path, empty when there is none.
 QString savePdf(QWidget *parent, const QString &title, Pages &pages, const QPageLayout &paper);
 
-/// Asks whether to open the file that was just saved, and opens it.
-void offerToOpen(QWidget *parent, const QString &path);
 /// Tells why there are no pages.
 void showPageError(QWidget *parent, const Error &error);
 /// Tells that printing failed.

@@ -3,6 +3,7 @@
 
 #include "data/error.h"
 #include "reports/exportcommands.h"
+#include "widgets/files.h"
 #include "widgets/documentpages.h"
 #include "widgets/frmcarregando.h"
 
@@ -117,5 +118,5 @@ void frmimpressao::savePdf()
     const QString path =
         exportar::savePdf(this, u"Salvar páginas em PDF"_s, *m_pages, m_printer->pageLayout());
     if (!path.isEmpty())
-        exportar::offerToOpen(this, path);
+        files::offerToOpen(this, path);
 }

@@ -1,9 +1,12 @@
 #include "widgets/files.h"
 
 #include "widgets/formkeys.h"
+#include "widgets/messages.h"
 
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QPointer>
+#include <QUrl>
 
 #include <functional>
 
@@ -51,4 +54,13 @@ QString files::save(QWidget *parent, const QString &title, const QString &filter
         dialog.setFileMode(QFileDialog::AnyFile);
         dialog.setDefaultSuffix(suffix);
     });
+}
+
+void files::offerToOpen(QWidget *parent, const QString &path)
+{
+    const bool open = messages::question(
+        parent, u"Visualizar"_s,
+        u"Os dados foram salvos com sucesso para arquivo, deseja abrir o arquivo agora?"_s);
+    if (open && !QDesktopServices::openUrl(QUrl::fromLocalFile(path)))
+        messages::exclamation(parent, u"Visualizar"_s, u"Não foi possível abrir o arquivo: "_s + path);
 }

@@ -1,5 +1,6 @@
 #include "widgets/listview.h"
 
+#include "widgets/listmenu.h"
 #include "widgets/messages.h"
 
 #include <QApplication>
@@ -110,6 +111,7 @@ ListView::ListView(QWidget *parent) : QTableView(parent), m_table(new TableModel
     header()->setSortIndicatorClearable(true);
     header()->setSortIndicator(-1, Qt::AscendingOrder);
     setSortingEnabled(true);
+    m_menu = new ListMenu(*this);
     connect(this, &QTableView::doubleClicked, this,
             [this](const QModelIndex &index) { Q_EMIT rowActivated(index.row()); });
 }
@@ -256,6 +258,8 @@ void ListView::keyPressEvent(QKeyEvent *event)
     const int row = selectedRow();
     if (event->matches(QKeySequence::Copy) && row >= 0)
         copySelection();
+    else if (event->matches(QKeySequence::Save))
+        m_menu->open();
     else if (event->matches(QKeySequence::Delete) && row >= 0)
         Q_EMIT removeRequested();
     else if (isReturn && row >= 0)
@@ -314,8 +318,7 @@ std::shared_ptr<const TableSource> ListView::tableSource() const
     std::vector<int> columns;
     for (int position = 0; position < header()->count(); ++position) {
         const int column = header()->logicalIndex(position);
-        const bool isKey = m_table->columns()[std::size_t(column)].width == 0;
-        if (!isKey || header()->sectionSize(column) > 0)
+        if (header()->sectionSize(column) > 0)
             columns.push_back(column);
     }
     return m_table->snapshot(std::move(columns));

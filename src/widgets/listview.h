@@ -8,9 +8,12 @@
 
 #include <memory>
 
+class ListMenu;
+
 /// A list of rows with headings: whole rows are selected, several at once; columns can be moved, resized and
 /// sorted by a click (a third click gives the rows' own order back); Ctrl+C copies the selected rows as text
-/// with tabs. A cell that is cut off shows its whole text as a hint.
+/// with tabs. A cell that is cut off shows its whole text as a hint. The headings have a menu, which Ctrl+S
+/// opens.
 class ListView : public QTableView
 {
     Q_OBJECT
@@ -46,8 +49,8 @@ public:
 
     /// Text shown in the middle while the list is empty.
     void setEmptyText(const QString &text);
-    /// The list as it is shown, for printing and export: columns in their order on the screen, without the
-    /// row key unless it was widened. What the list shows later does not change it.
+    /// The list as it is shown, for printing and export: columns in their order on the screen, without those
+    /// of width 0. What the list shows later does not change it.
     std::shared_ptr<const TableSource> tableSource() const;
     QHeaderView *header() const { return horizontalHeader(); }
     ListLayout layout() const;
@@ -74,6 +77,7 @@ private:
     int firstVisibleColumn() const;
 
     TableModel *m_table;
+    ListMenu *m_menu;
     std::shared_ptr<const StoredTable> m_shown; ///< of setTable()
     QString m_emptyText;
     std::vector<double> m_givenWidths; ///< of applyLayout(), finer than pixels
