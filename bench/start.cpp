@@ -14,6 +14,7 @@
 #include "table.h"
 
 #include <QApplication>
+#include <QEventLoop>
 
 using namespace Qt::StringLiterals;
 
@@ -85,11 +86,9 @@ void start(const QString &folder, bool untilComplete)
     frmPrincipal window;
     window.show();
     window.start();
-    bool answered = false;
-    QMetaObject::invokeMethod(
-        qApp, [&answered] { answered = true; }, Qt::QueuedConnection);
-    while (!answered)
-        QCoreApplication::processEvents();
+    QEventLoop answering; // as the program runs: what is done in idle time comes after what is waiting
+    QMetaObject::invokeMethod(&answering, &QEventLoop::quit, Qt::QueuedConnection);
+    answering.exec();
     if (untilComplete)
         waitUntilIdle(window);
     window.repaint();

@@ -133,7 +133,7 @@ void frmPrincipal::start()
         showDate();
         alertDue();
     });
-    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(); // the rest of the lists is read when the window has answered
 }
 
 void frmPrincipal::showDate()

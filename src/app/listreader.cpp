@@ -3,12 +3,11 @@
 #include "bank/accountpane.h"
 #include "widgets/listpane.h"
 
-#include <QDeadlineTimer>
 #include <QScopedValueRollback>
 
 namespace {
 
-constexpr int loadAtOnce = 20; ///< milliseconds of work on tabs that are not shown, before the window answers
+constexpr int loadAtOnce = 20; ///< milliseconds of reading after which the window answers before the next tab
 
 } // namespace
 
@@ -18,7 +17,10 @@ ListReader::ListReader(QList<ListPane *> panes, AccountPane &accounts, QObject *
     for (ListPane *pane : std::as_const(m_panes))
         connect(pane, &ListPane::loaded, this, &ListReader::loadNext);
     m_next.setSingleShot(true);
-    connect(&m_next, &QTimer::timeout, this, &ListReader::loadNext);
+    connect(&m_next, &QTimer::timeout, this, [this] {
+        m_soon = QDeadlineTimer(loadAtOnce);
+        loadNext();
+    });
 }
 
 void ListReader::readAll(int tab)
@@ -26,6 +28,7 @@ void ListReader::readAll(int tab)
     for (ListPane *pane : std::as_const(m_panes))
         m_unread.insert(pane);
     m_balancesWanted = true;
+    m_soon = QDeadlineTimer(loadAtOnce);
     if (tab < m_panes.size())
         load(*m_panes[tab]);
     else
@@ -55,13 +58,12 @@ void ListReader::loadNext()
     if (m_isLoadingNext)
         return;
     const QScopedValueRollback loading(m_isLoadingNext, true);
-    const QDeadlineTimer soon(loadAtOnce);
     for (ListPane *pane : std::as_const(m_panes)) {
         if (pane->feed().isLoading())
             return;
         if (!m_unread.contains(pane))
             continue;
-        if (soon.hasExpired()) {
+        if (m_soon.hasExpired()) {
             m_next.start();
             return;
         }
@@ -69,6 +71,12 @@ void ListReader::loadNext()
         if (pane->feed().isLoading())
             return;
     }
-    if (std::exchange(m_balancesWanted, false))
-        m_accounts.refresh();
+    if (!m_balancesWanted)
+        return;
+    if (m_soon.hasExpired()) {
+        m_next.start();
+        return;
+    }
+    m_balancesWanted = false;
+    m_accounts.refresh();
 }

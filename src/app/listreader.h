@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDeadlineTimer>
 #include <QList>
 #include <QObject>
 #include <QSet>
@@ -29,6 +30,7 @@ private:
     QList<ListPane *> m_panes;
     AccountPane &m_accounts;
     QTimer m_next;
+    QDeadlineTimer m_soon;         ///< until then, tabs that are not shown are read at once
     QSet<ListPane *> m_unread;     ///< their turn comes
     bool m_balancesWanted = false; ///< once the lists are read
     bool m_isLoadingNext = false;
