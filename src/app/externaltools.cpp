@@ -45,8 +45,16 @@ void textEditor(QWidget *parent)
 
 void manual(QWidget *parent)
 {
+    manual(parent, {});
+}
+
+void manual(QWidget *parent, const QString &topic)
+{
     const QString file = programfolder::file(u"manual.html"_s);
-    if (!QFileInfo::exists(file) || !QDesktopServices::openUrl(QUrl::fromLocalFile(file)))
+    QUrl page = QUrl::fromLocalFile(file);
+    if (!topic.isEmpty())
+        page.setFragment(topic);
+    if (!QFileInfo::exists(file) || !QDesktopServices::openUrl(page))
         messages::exclamation(parent, u"Manual"_s, u"Não foi possível abrir o manual: "_s + file);
 }
 

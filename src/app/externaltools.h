@@ -1,5 +1,6 @@
 #pragma once
 
+class QString;
 class QWidget;
 
 /// Programs of the desktop that the menu offers. A message tells when none is installed.
@@ -7,7 +8,8 @@ namespace externaltools {
 
 void calculator(QWidget *parent);
 void textEditor(QWidget *parent);
-/// The manual of the program folder, in the browser.
+/// The manual of the program folder, in the browser; at the section `topic` if there is one.
+void manual(QWidget *parent, const QString &topic);
 void manual(QWidget *parent);
 
 } // namespace externaltools

@@ -7,6 +7,7 @@
 #include "app/frmdica.h"
 #include "app/frmestsoftware.h"
 #include "app/frmgerenciarlogin.h"
+#include "app/helpkey.h"
 #include "entries/frmcentrocusto.h"
 #include "entries/frmcliente.h"
 #include "entries/frmjurosdesconto.h"
@@ -55,7 +56,7 @@ constexpr ScreenCommand commands[] = {
     {u"mnurealizarbak", backupcommands::backUp},
     {u"mnucalc", externaltools::calculator},
     {u"mnunotepad", externaltools::textEditor},
-    {u"mnumanual", externaltools::manual},
+    {u"mnumanual", [](QWidget *parent) { externaltools::manual(parent); }},
     {u"mnusobre", tellAbout},
     {u"mnuestsoftware", [](QWidget *parent) { frmEstSoftware::open(parent); }},
     {u"mnudicadia", [](QWidget *parent) { frmDica::open(parent); }},
@@ -88,4 +89,5 @@ void connectScreenCommands(QMainWindow &window)
         QObject::connect(action, &QAction::triggered, &window,
                          [&window, open = command.open] { open(&window); });
     }
+    new HelpKey(&window);
 }

@@ -1,6 +1,10 @@
+#include "app/helpkey.h"
 #include "bank/accounts.h"
+#include "support/desktop.h"
+#include "support/paper.h"
 #include "support/shop.h"
 
+#include <QDirIterator>
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
@@ -48,6 +52,7 @@ private Q_SLOTS:
     void everyCommandShowsSomething_data();
     void everyCommandShowsSomething();
     void buttonsDoWhatTheMenuDoes();
+    void helpIsAboutTheScreen();
 };
 
 void tst_menus::everyCommandShowsSomething_data()
@@ -129,6 +134,33 @@ void tst_menus::buttonsDoWhatTheMenuDoes()
         shop.command(key);
         QVERIFY2(shop.told().startsWith(u"information | Info | Não há dados"_s), qPrintable(key));
     }
+}
+
+/// F1 in every screen leads to a section that the manual has.
+void tst_menus::helpIsAboutTheScreen()
+{
+    const QString sources = QStringLiteral(QT_TESTCASE_SOURCEDIR "/../");
+    const QByteArray manual = contentsOf(sources + u"programa/manual.html"_s);
+    int screens = 0;
+    for (QDirIterator walk(sources + u"src"_s, {u"frm*.ui"_s}, QDir::Files, QDirIterator::Subdirectories);
+         walk.hasNext(); ++screens) {
+        const QString screen = QFileInfo(walk.next()).completeBaseName();
+        if (screen == u"frmprincipal" || screen == u"frmcarregando")
+            continue;
+        const QByteArray section = "<h2 id=\"" + HelpKey::topic(screen).toUtf8() + "\">";
+        QVERIFY2(manual.contains(section), qPrintable(screen));
+    }
+    QVERIFY(screens > 50);
+
+    Shop shop;
+    QVERIFY(QFile::copy(sources + u"programa/manual.html"_s, shop.program.file(u"manual.html"_s)));
+    shop.open();
+    shop.command(u"mnucomp"_s);
+    shop.press(u"novo"_s);
+    UrlCatcher desktop;
+    QTest::keyClick(shop.find<QLineEdit>(u"txthora"_s), Qt::Key_F1);
+    QCOMPARE(desktop.urls.size(), 1);
+    QCOMPARE(desktop.urls[0].fragment(), u"agenda"_s);
 }
 
 QTEST_MAIN(tst_menus)

@@ -6,13 +6,13 @@
 #include "reports/reporttext.h"
 #include "settings/settings.h"
 #include "support/boxes.h"
+#include "support/desktop.h"
 #include "support/paper.h"
 #include "support/testprogram.h"
 #include "widgets/documentpages.h"
 #include "widgets/listview.h"
 
 #include <QBuffer>
-#include <QDesktopServices>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -178,19 +178,6 @@ QString failureOnFullDisk(const std::function<void()> &work)
     std::signal(SIGXFSZ, handler);
     return failure;
 }
-
-/// Takes the place of the desktop, which would open the files.
-class UrlCatcher : public QObject
-{
-    Q_OBJECT
-
-public:
-    UrlCatcher() { QDesktopServices::setUrlHandler(u"file"_s, this, "open"); }
-    ~UrlCatcher() override { QDesktopServices::unsetUrlHandler(u"file"_s); }
-    Q_INVOKABLE void open(const QUrl &url) { urls << url; }
-
-    QList<QUrl> urls;
-};
 
 } // namespace
 
