@@ -147,8 +147,8 @@ std::vector<AccountBook> read(Connection &connection, const BookPeriod &period, 
 {
     std::vector<AccountBook> books;
     for (Recordset rows(connection, u"select * from banco"_s); rows.next();)
-        books.push_back({.name = rows.text(u"banco"),
-                         .before = Money::stored(rows.utf8(rows.column(u"saldo")))});
+        books.push_back(
+            {.name = rows.text(u"banco"), .before = Money::stored(rows.utf8(rows.column(u"saldo")))});
     if (progress)
         progress->begin({});
     Bookkeeper keeper(books, period, progress);

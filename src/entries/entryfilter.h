@@ -7,8 +7,8 @@
 
 #include <optional>
 
-/// The choices of an entry list's filter boxes, as their texts; letter case is ignored. An "all" choice is the
-/// box's own ("Todos os bancos"; for the status: "Pendentes e Concluídos").
+/// The choices of an entry list's filter boxes, as their texts; letter case is ignored. An "all" choice is
+/// the box's own ("Todos os bancos"; for the status: "Pendentes e Concluídos").
 struct EntryFilter
 {
     QString basedOn; ///< "Data cadastro", or the due date

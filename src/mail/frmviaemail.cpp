@@ -96,7 +96,8 @@ void frmViaEmail::keepChoices()
         {m_ui->chkbancarioest, settings::mailMovements2}, {m_ui->chkpordatasest, settings::mailDated2}};
     for (const auto &[box, key] : boxes) {
         box->setChecked(settings::isOn(key));
-        connect(box, &QCheckBox::toggled, this, [this, key](bool on) { keep(key, on ? u"1"_s : u"0"_s); });
+        connect(box, &QCheckBox::toggled, this,
+                [this, stored = key](bool on) { keep(stored, on ? u"1"_s : u"0"_s); });
     }
     for (QRadioButton *option : {m_ui->opttodosret, m_ui->optpendentesret, m_ui->optconcluidosret})
         connect(option, &QRadioButton::toggled, this, [this](bool on) {

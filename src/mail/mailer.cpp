@@ -123,7 +123,7 @@ private:
 std::size_t Transfer::readFile(char *buffer, std::size_t size, std::size_t count, void *self)
 {
     auto &transfer = *static_cast<Transfer *>(self);
-    const qint64 read = transfer.m_file.read(buffer, qint64(size * count));
+    const qint64 read = transfer.m_file.read(buffer, qint64(size) * qint64(count));
     transfer.m_fileFailed = read < 0;
     return read < 0 ? std::size_t(CURL_READFUNC_ABORT) : std::size_t(read);
 }

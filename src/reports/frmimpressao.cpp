@@ -3,8 +3,8 @@
 
 #include "data/error.h"
 #include "reports/exportcommands.h"
-#include "widgets/files.h"
 #include "widgets/documentpages.h"
+#include "widgets/files.h"
 #include "widgets/frmcarregando.h"
 
 #include <QLocale>

@@ -34,9 +34,9 @@ public:
     /// For the next other modal dialog: `act` works on it and closes it; left open, it is cancelled.
     void drive(std::function<void(QDialog &)> act) { m_acts.push(std::move(act)); }
 
-    /// One line for each box since the last call: "icon | title | text", and " | reason" where one is told; the
-    /// icon is "information", "exclamation", "critical", "question" or "none"; "input | title | label"; "file | title | name
-    /// filters"; "dialog | object name | title".
+    /// One line for each box since the last call: "icon | title | text", and " | reason" where one is told;
+    /// the icon is "information", "exclamation", "critical", "question" or "none"; "input | title | label";
+    /// "file | title | name filters"; "dialog | object name | title".
     QStringList seen();
     /// The boxes of more than one outcome, and other dialogs, that found no answer given to them.
     QStringList unanswered() const { return m_unanswered; }
