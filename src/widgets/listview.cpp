@@ -318,7 +318,8 @@ std::shared_ptr<const TableSource> ListView::tableSource() const
     std::vector<int> columns;
     for (int position = 0; position < header()->count(); ++position) {
         const int column = header()->logicalIndex(position);
-        if (header()->sectionSize(column) > 0)
+        const bool isKey = m_table->columns()[std::size_t(column)].width == 0;
+        if (!isKey || header()->sectionSize(column) > 0)
             columns.push_back(column);
     }
     return m_table->snapshot(std::move(columns));

@@ -49,8 +49,8 @@ public:
 
     /// Text shown in the middle while the list is empty.
     void setEmptyText(const QString &text);
-    /// The list as it is shown, for printing and export: columns in their order on the screen, without those
-    /// of width 0. What the list shows later does not change it.
+    /// The list as it is shown, for printing and export: columns in their order on the screen, without the
+    /// row key unless it was widened. What the list shows later does not change it.
     std::shared_ptr<const TableSource> tableSource() const;
     QHeaderView *header() const { return horizontalHeader(); }
     ListLayout layout() const;
