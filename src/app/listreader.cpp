@@ -2,12 +2,18 @@
 
 #include "bank/accountpane.h"
 #include "widgets/listpane.h"
+#include "widgets/listview.h"
 
 #include <QScopedValueRollback>
+
+#include <algorithm>
 
 namespace {
 
 constexpr int loadAtOnce = 20; ///< milliseconds of reading after which the window answers before the next tab
+
+constexpr int smallList = 2'000; ///< rows; while no list has more, all is read at once
+constexpr int patience = 150;    ///< milliseconds of that
 
 } // namespace
 
@@ -18,7 +24,7 @@ ListReader::ListReader(QList<ListPane *> panes, AccountPane &accounts, QObject *
         connect(pane, &ListPane::loaded, this, &ListReader::loadNext);
     m_next.setSingleShot(true);
     connect(&m_next, &QTimer::timeout, this, [this] {
-        m_soon = QDeadlineTimer(loadAtOnce);
+        startClock();
         loadNext();
     });
 }
@@ -28,11 +34,17 @@ void ListReader::readAll(int tab)
     for (ListPane *pane : std::as_const(m_panes))
         m_unread.insert(pane);
     m_balancesWanted = true;
-    m_soon = QDeadlineTimer(loadAtOnce);
+    startClock();
     if (tab < m_panes.size())
         load(*m_panes[tab]);
     else
         loadNext();
+}
+
+void ListReader::startClock()
+{
+    m_soon = QDeadlineTimer(loadAtOnce);
+    m_late = QDeadlineTimer(patience);
 }
 
 void ListReader::show(int tab)
@@ -51,6 +63,13 @@ void ListReader::load(ListPane &pane)
         pane.reloadUnfiltered();
 }
 
+bool ListReader::isTimeUp() const
+{
+    const bool isSmall =
+        std::ranges::all_of(m_panes, [](ListPane *pane) { return pane->list().rowCount() <= smallList; });
+    return isSmall ? m_late.hasExpired() : m_soon.hasExpired();
+}
+
 /// Reads what is still to be read, one thing after the other. Short work follows at once, so that a small
 /// business is complete when the window appears.
 void ListReader::loadNext()
@@ -63,7 +82,7 @@ void ListReader::loadNext()
             return;
         if (!m_unread.contains(pane))
             continue;
-        if (m_soon.hasExpired()) {
+        if (isTimeUp()) {
             m_next.start();
             return;
         }
@@ -73,7 +92,7 @@ void ListReader::loadNext()
     }
     if (!m_balancesWanted)
         return;
-    if (m_soon.hasExpired()) {
+    if (isTimeUp()) {
         m_next.start();
         return;
     }

@@ -26,11 +26,14 @@ public:
 private:
     void load(ListPane &pane);
     void loadNext();
+    void startClock();
+    bool isTimeUp() const;
 
     QList<ListPane *> m_panes;
     AccountPane &m_accounts;
     QTimer m_next;
-    QDeadlineTimer m_soon;         ///< until then, tabs that are not shown are read at once
+    QDeadlineTimer m_soon;         ///< until then, tabs that are not shown are read at once,
+    QDeadlineTimer m_late;         ///< and until then while lists are small
     QSet<ListPane *> m_unread;     ///< their turn comes
     bool m_balancesWanted = false; ///< once the lists are read
     bool m_isLoadingNext = false;
