@@ -3,18 +3,15 @@
 #include "data/dates.h"
 #include "data/decimal.h"
 #include "data/error.h"
+#include "data/savefile.h"
 
 #include <QFile>
-#include <QSaveFile>
+#include <QTemporaryDir>
 
 #include <xlsxwriter.h>
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
 #include <map>
-#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -23,18 +20,21 @@ namespace {
 constexpr int measuredRows = 200; ///< that the width of a column is guessed from
 constexpr int widestColumn = 60;  ///< characters
 constexpr qsizetype longestSheetName = 31;
-constexpr int mostRows = 1'048'575; ///< that a sheet has room for under its headings, less one for the sum
+constexpr qint64 copiedAtOnce = 1024 * 1024; ///< bytes
+constexpr int mostRows = 1'048'574;          ///< that a sheet has room for between its headings and the sum
 const QString summedHeading = u"Valor"_s;
 
-Error saveError(const QString &path, const QString &reason)
+void check(lxw_error error)
 {
-    return {Error::Kind::File, u"Não foi possível gravar o arquivo \"%1\": %2"_s.arg(path, reason)};
+    if (error != LXW_NO_ERROR)
+        throw Error(Error::Kind::File, QString::fromUtf8(lxw_strerror(error)));
 }
 
 /// "R$ -1.234,5" is -1234.5 in the currency "R$".
 struct Amount
 {
     QString currency;
+    QString text; ///< of the number, without grouping
     Decimal value;
 };
 
@@ -49,7 +49,7 @@ std::optional<Amount> amountOf(const QString &cell)
     if (number.startsWith(u'+'))
         number.remove(0, 1);
     const std::optional<Decimal> value = Decimal::parse(number);
-    return value ? std::optional(Amount{currency, *value}) : std::nullopt;
+    return value ? std::optional(Amount{currency, number.remove(u'.'), *value}) : std::nullopt;
 }
 
 bool looksLikeFormula(const QString &text)
@@ -71,12 +71,10 @@ QString csvCell(const TableSource &list, int row, int column)
     if (list.kind(column) == CellKind::Text)
         return csvText(cell);
     if (list.kind(column) == CellKind::Amount)
-        if (const auto amount = amountOf(cell)) {
-            const QString number = amount->value.grouped().remove(u'.');
+        if (const auto amount = amountOf(cell))
             return amount->currency.isEmpty() || amount->currency == u"R$"
-                       ? number
-                       : csvText(amount->currency + u' ' + number);
-        }
+                       ? amount->text
+                       : csvText(amount->currency + u' ' + amount->text);
     return Decimal::parse(cell) ? cell : csvText(cell);
 }
 
@@ -105,7 +103,12 @@ public:
 
     void write(const TableSource &list, Progress *progress)
     {
-        const int rows = std::min(list.rowCount(), mostRows);
+        const int rows = list.rowCount();
+        if (rows > mostRows)
+            throw Error(
+                Error::Kind::File,
+                u"uma planilha tem lugar para %1 linhas, e a lista tem %2. Salve-a como CSV."_s.arg(mostRows)
+                    .arg(rows));
         for (int column = 0; column < list.columnCount(); ++column) {
             worksheet_set_column(m_sheet, lxw_col_t(column), lxw_col_t(column), widthOf(list, column),
                                  nullptr);
@@ -122,7 +125,7 @@ public:
                 writeSum(rows, column);
     }
     /// The file is complete.
-    lxw_error close() { return workbook_close(std::exchange(m_book, nullptr)); }
+    void close() { check(workbook_close(std::exchange(m_book, nullptr))); }
 
 private:
     static QString sheetName(QString title)
@@ -130,7 +133,7 @@ private:
         for (QChar &c : title)
             if (QStringView(u"[]:*?/\\'").contains(c))
                 c = u' ';
-        title = title.simplified().first(std::min(longestSheetName, title.simplified().size()));
+        title = title.simplified().left(longestSheetName);
         return title.isEmpty() ? u"Lista"_s : title;
     }
     static double widthOf(const TableSource &list, int column)
@@ -143,8 +146,8 @@ private:
     void writeText(int row, int column, const QString &text, lxw_format *format)
     {
         if (!text.isEmpty())
-            worksheet_write_string(m_sheet, lxw_row_t(row), lxw_col_t(column), text.toUtf8().constData(),
-                                   format);
+            check(worksheet_write_string(m_sheet, lxw_row_t(row), lxw_col_t(column),
+                                         text.toUtf8().constData(), format));
     }
     /// The file holds numbers as binary fractions; up to fifteen digits they say the same.
     void writeNumber(int row, int column, Decimal value, lxw_format *format)
@@ -223,31 +226,28 @@ void writeCsv(QIODevice &device, const TableSource &list, Progress *progress)
 
 void saveCsv(const QString &path, const TableSource &list, Progress *progress)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        throw saveError(path, file.errorString());
-    try {
-        writeCsv(file, list, progress);
-    } catch (const Error &error) {
-        throw saveError(path, error.text());
-    }
-    if (!file.commit())
-        throw saveError(path, file.errorString());
+    saveFile(
+        path, [&](QIODevice &device, Progress *told) { writeCsv(device, list, told); }, progress);
 }
 
+/// The library writes files of its own only.
 void saveXlsx(const QString &path, const QString &title, const TableSource &list, Progress *progress)
 {
-    const QByteArray fresh = QFile::encodeName(path + u".novo"_s);
-    const auto remove = [](const QByteArray *file) { std::remove(file->constData()); };
-    const std::unique_ptr<const QByteArray, decltype(remove)> leftBehind(&fresh, remove);
-    Workbook book(fresh, title);
-    if (progress)
-        progress->begin([&list] { return list.rowCount(); });
-    book.write(list, progress);
-    if (const lxw_error error = book.close(); error != LXW_NO_ERROR)
-        throw saveError(path, QString::fromUtf8(lxw_strerror(error)));
-    if (std::rename(fresh.constData(), QFile::encodeName(path).constData()) != 0)
-        throw saveError(path, QString::fromLocal8Bit(strerror(errno)));
+    const auto write = [&](QIODevice &device, Progress *told) {
+        const QTemporaryDir folder;
+        QFile made(folder.filePath(u"lista.xlsx"_s));
+        Workbook book(QFile::encodeName(made.fileName()), title);
+        if (told)
+            told->begin([&list] { return list.rowCount(); });
+        book.write(list, told);
+        book.close();
+        if (!made.open(QIODevice::ReadOnly))
+            throw Error(Error::Kind::File, made.errorString());
+        while (!made.atEnd())
+            if (device.write(made.read(copiedAtOnce)) < 0)
+                throw Error(Error::Kind::File, device.errorString());
+    };
+    saveFile(path, write, progress);
 }
 
 } // namespace spreadsheet

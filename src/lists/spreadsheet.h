@@ -15,7 +15,8 @@ void writeCsv(QIODevice &device, const TableSource &list, Progress *progress);
 void saveCsv(const QString &path, const TableSource &list, Progress *progress);
 
 /// A workbook of one sheet, named after `title`: amounts are numbers with their currency as a format, dates
-/// are dates; the headings stay in sight, and under the amounts of the column "Valor" stands their sum.
+/// are dates; the headings stay in sight, and under the amounts of the column "Valor" stands their sum. A
+/// list that a sheet has no room for is refused.
 void saveXlsx(const QString &path, const QString &title, const TableSource &list, Progress *progress);
 
 } // namespace spreadsheet

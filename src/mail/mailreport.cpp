@@ -189,7 +189,7 @@ MailSection section(Connection &connection, Table table, const MailChoice &choic
 
 void saveText(const QString &path, const std::vector<MailSection> &sections, Progress *progress)
 {
-    reporttext::saveFile(
+    ::saveFile(
         path,
         [&](QIODevice &device, Progress *told) {
             Output output(device);

@@ -36,7 +36,7 @@ void saveHtml(QWidget *parent, const Report &report, const ExportTexts &texts)
              [&](QIODevice &device, Progress *progress) { reporttext::writeHtml(device, report, progress); });
 }
 
-void saveFile(QWidget *parent, const SaveChooser &chooser, const reporttext::Writer &write)
+void saveFile(QWidget *parent, const SaveChooser &chooser, const FileWriter &write)
 {
     const QString path = files::save(parent, chooser.title, chooser.filter, chooser.suffix);
     if (path.isEmpty())
@@ -44,7 +44,7 @@ void saveFile(QWidget *parent, const SaveChooser &chooser, const reporttext::Wri
     const bool saved = messages::guarded(parent, messages::generalPrefix, [&] {
         WaitProgress progress(parent, u"Salvando relatório"_s,
                               u"Por favor aguarde enquanto o arquivo é gravado."_s);
-        reporttext::saveFile(path, write, &progress);
+        ::saveFile(path, write, &progress);
     });
     if (saved)
         files::offerToOpen(parent, path);

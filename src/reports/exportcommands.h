@@ -37,7 +37,7 @@ void saveText(QWidget *parent, const Report &report, const ExportTexts &texts);
 /// Saves as an HTML page and offers to open the file.
 void saveHtml(QWidget *parent, const Report &report, const ExportTexts &texts);
 /// Saves what `write` writes, and offers to open the file.
-void saveFile(QWidget *parent, const SaveChooser &chooser, const reporttext::Writer &write);
+void saveFile(QWidget *parent, const SaveChooser &chooser, const FileWriter &write);
 /// Shows the pages, prints them or saves them as PDF.
 void print(QWidget *parent, const Report &report, const modimpressao::PageSetup &setup = {});
 /// The same for pages that are not made from a report, such as a receipt.

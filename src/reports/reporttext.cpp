@@ -6,8 +6,6 @@
 #include "reports/modimpressao.h"
 #include "reports/output.h"
 
-#include <QSaveFile>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -82,21 +80,6 @@ void writeHtmlClosing(QIODevice &device)
     output.flush();
 }
 
-void saveFile(const QString &path, const Writer &write, Progress *progress)
-{
-    const QString failed = u"Não foi possível gravar o arquivo \"%1\": %2"_s;
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        throw Error(Error::Kind::File, failed.arg(path, file.errorString()));
-    try {
-        write(file, progress);
-    } catch (const Error &error) {
-        throw Error(Error::Kind::File, failed.arg(path, error.text()));
-    }
-    if (!file.commit())
-        throw Error(Error::Kind::File, failed.arg(path, file.errorString()));
-}
-
 void writeText(QIODevice &device, const Report &report, Progress *progress)
 {
     Output output(device);
@@ -140,13 +123,13 @@ void writeHtml(QIODevice &device, const Report &report, Progress *progress)
 
 void saveText(const QString &path, const Report &report, Progress *progress)
 {
-    saveFile(
+    ::saveFile(
         path, [&](QIODevice &device, Progress *told) { writeText(device, report, told); }, progress);
 }
 
 void saveHtml(const QString &path, const Report &report, Progress *progress)
 {
-    saveFile(
+    ::saveFile(
         path, [&](QIODevice &device, Progress *told) { writeHtml(device, report, told); }, progress);
 }
 

@@ -1,9 +1,7 @@
 #pragma once
 
-#include "data/progress.h"
+#include "data/savefile.h"
 #include "reports/report.h"
-
-#include <functional>
 
 class QIODevice;
 
@@ -18,10 +16,6 @@ inline constexpr QStringView productLine = u"Tavaro organizando a sua vida finan
 void writeTextClosing(QIODevice &device);
 /// The same, within the page's centred paragraph.
 void writeHtmlClosing(QIODevice &device);
-
-using Writer = std::function<void(QIODevice &device, Progress *progress)>;
-/// Writes the file beside and puts it in place when it is complete.
-void saveFile(const QString &path, const Writer &write, Progress *progress);
 
 void writeText(QIODevice &device, const Report &report, Progress *progress);
 void writeHtml(QIODevice &device, const Report &report, Progress *progress);

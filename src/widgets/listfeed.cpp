@@ -21,6 +21,7 @@ ListFeed::ListFeed(ListView &view, std::vector<ListColumn> columns, std::unique_
     m_view.setColumns(m_list.columns());
     m_view.table().showKeyed(&m_list.rows());
     connect(&m_view.table(), &TableModel::sortRequested, this, &ListFeed::sortBy);
+    connect(&m_view, &ListView::wholeListWanted, this, &ListFeed::finish);
 }
 
 ListFeed::~ListFeed() = default;

@@ -21,6 +21,7 @@ void save(ListView &list, const QString &title, const QString &filter, const QSt
           const Save &write)
 {
     QWidget *over = list.window();
+    Q_EMIT list.wholeListWanted();
     const std::shared_ptr<const TableSource> shown = list.tableSource();
     const QString path = files::save(over, title, filter, suffix);
     if (path.isEmpty())

@@ -61,6 +61,8 @@ Q_SIGNALS:
     void rowActivated(int row);
     /// Delete on a selection.
     void removeRequested();
+    /// The whole list is about to be saved: what is still being read is to be there.
+    void wholeListWanted();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;

@@ -56,6 +56,7 @@ private Q_SLOTS:
     void csv();
     void workbookIsReadByOthers();
     void failedSaveKeepsTheOlderFile();
+    void whatASheetCannotHoldIsRefused();
     void headingsHaveAMenu();
 };
 
@@ -65,10 +66,11 @@ void tst_spreadsheet::csv()
     const QString path = program.file(u"lista.csv"_s);
     spreadsheet::saveCsv(path, list(), nullptr);
     QVERIFY(contentsOf(path).startsWith("\xEF\xBB\xBF"));
-    QCOMPARE(QString::fromUtf8(contentsOf(path)), u"Data;\"Nome; \"\"cliente\"\"\";Valor;Saldo;Qtde\r\n"
-                                                  "05/11/2026;'=2+3;1234,50;1234,50;3\r\n"
-                                                  "31/12/1999;\"Zé; \"\"o\"\"\nbom\";US$ -0,01;0,00;1,5\r\n"
-                                                  ";-;;999999999999,99;3 dias\r\n"_s);
+    QCOMPARE(QString::fromUtf8(contentsOf(path)),
+             u"Data;\"Nome; \"\"cliente\"\"\";Valor;Saldo;Qtde\r\n"
+             "05/11/2026;'=2+3;1234,50;1234,50;3\r\n"
+             "31/12/1999;\"Zé; \"\"o\"\"\nbom\";US$ -0,01;-0,0001;1,5\r\n"
+             ";-;;999999999999,99;3 dias\r\n"_s);
 }
 
 void tst_spreadsheet::workbookIsReadByOthers()
@@ -120,6 +122,21 @@ void tst_spreadsheet::failedSaveKeepsTheOlderFile()
         QCOMPARE(contentsOf(path), before);
         QVERIFY(!QFile::exists(path + u".novo"_s));
     }
+}
+
+/// Nothing is left out without a word.
+void tst_spreadsheet::whatASheetCannotHoldIsRefused()
+{
+    const TestProgram program;
+    const QString path = program.file(u"grande.xlsx"_s);
+    StoredTable note({{u"info"_s, u"Informações"_s}});
+    note.append(QStringList{QString(40'000, u'x')});
+    QVERIFY_THROWS_EXCEPTION(Error, spreadsheet::saveXlsx(path, {}, note, nullptr));
+    StoredTable rows({{u"n"_s, u"N"_s}});
+    for (int i = 0; i < 1'048'575; ++i)
+        rows.append(QStringList{u"1"_s});
+    QVERIFY_THROWS_EXCEPTION(Error, spreadsheet::saveXlsx(path, {}, rows, nullptr));
+    QVERIFY(!QFile::exists(path));
 }
 
 void tst_spreadsheet::headingsHaveAMenu()
