@@ -1,11 +1,14 @@
 #include "settings/database.h"
 #include "settings/settings.h"
+#include "support/paper.h"
 #include "support/samples.h"
 #include "support/shop.h"
 #include "widgets/listfeed.h"
 #include "widgets/slicedwork.h"
 
 #include <QTimer>
+
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -58,6 +61,7 @@ class tst_loading : public QObject
 private Q_SLOTS:
     void windowAnswersWhileManyRowsAreRead();
     void writesSkippedWhileReadingAreReadLater();
+    void halfReadListIsSavedWhole();
     void hiddenTabsHaveTheirTotalsAtStart();
     void listsFillOnceTheFileIsThere();
 };
@@ -173,6 +177,25 @@ void tst_loading::listsFillOnceTheFileIsThere()
         QCOMPARE(shop.text(u"cbotipop"_s), u"Concluídos"_s);
         QCOMPARE(shop.told(), QString());
     }
+}
+
+void tst_loading::halfReadListIsSavedWhole()
+{
+    Shop shop;
+    addPayables(shop.program, 3000);
+    shop.open();
+    SlicedWork::setSlices(0, 0);
+    const auto slices = qScopeGuard([] { SlicedWork::setSlices(40, 30); });
+    const QString path = shop.program.file(u"lista.csv"_s);
+    ListView *list = shop.list(u"lstpagar"_s);
+    QTest::keyClick(list, Qt::Key_S, Qt::ControlModifier);
+    auto *save = list->findChild<QAction *>(u"popcsv"_s);
+    shop.command(u"mnuatualizarlistas"_s);
+    QVERIFY(list->rowCount() < 3000);
+    shop.boxes.chooseFile(path);
+    shop.boxes.answer(QMessageBox::No);
+    save->trigger();
+    QCOMPARE(contentsOf(path).count('\n'), 3001);
 }
 
 QTEST_MAIN(tst_loading)
