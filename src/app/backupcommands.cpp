@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString title = u"Backup"_s;
+const QString backupTitle = u"Backup"_s;
 const QString filter = u"Arquivo de banco de dados(*.qorvex)"_s;
 
 } // namespace
@@ -27,7 +27,7 @@ void backUp(QWidget *parent)
     if (!made)
         return;
     messages::guarded(parent, messages::generalPrefix, [] { backup::remember(); });
-    messages::information(parent, title, u"Backup realizado com sucesso!"_s);
+    messages::information(parent, backupTitle, u"Backup realizado com sucesso!"_s);
 }
 
 bool restore(QWidget *parent)
@@ -40,7 +40,7 @@ bool restore(QWidget *parent)
                         u"O backup está sendo conferido e copiado para o lugar do banco de dados."_s,
                         [&](Progress &progress) { backup::restore(chosen, progress); });
     if (restored)
-        messages::information(parent, title, u"Backup restaurado com sucesso!"_s);
+        messages::information(parent, backupTitle, u"Backup restaurado com sucesso!"_s);
     return restored;
 }
 

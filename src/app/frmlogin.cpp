@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString title = u"Login"_s;
+const QString loginTitle = u"Login"_s;
 
 } // namespace
 
@@ -55,7 +55,7 @@ bool frmLogin::eventFilter(QObject *object, QEvent *event)
 
 void frmLogin::reject()
 {
-    if (m_kind == Kind::Start || messages::question(this, title, u"Deseja fechar o programa?"_s))
+    if (m_kind == Kind::Start || messages::question(this, loginTitle, u"Deseja fechar o programa?"_s))
         QDialog::reject();
 }
 
@@ -68,7 +68,7 @@ void frmLogin::enter()
         return;
     switch (answer) {
     case users::Answer::NoUsers:
-        messages::exclamation(this, title,
+        messages::exclamation(this, loginTitle,
                               u"Não há nenhum usuário cadastrado, o software será iniciado para adicionar um "
                               "usuário clique no menu principal, gerenciador de login e depois em configurar "
                               "usuários."_s);
@@ -78,10 +78,10 @@ void frmLogin::enter()
         accept();
         break;
     case users::Answer::Incomplete:
-        messages::exclamation(this, title, u"Digite o nome de usuário e ou a senha!"_s);
+        messages::exclamation(this, loginTitle, u"Digite o nome de usuário e ou a senha!"_s);
         break;
     case users::Answer::Refused:
-        messages::critical(this, title,
+        messages::critical(this, loginTitle,
                            u"Usuário e ou senha inválido, por favor verifique os dados digitados!"_s);
         m_ui->txtsenha->selectAll();
         m_ui->txtsenha->setFocus();

@@ -251,6 +251,21 @@ void Statement::bind(int parameter, qint64 value)
         throw lastError(m_database);
 }
 
+void Statement::bindValue(int parameter, const QJsonValue &value)
+{
+    int result = SQLITE_OK;
+    if (value.isString())
+        return bind(parameter, value.toString());
+    if (value.isNull())
+        result = sqlite3_bind_null(m_handle, parameter);
+    else if (const qint64 whole = value.toInteger(); QJsonValue(whole) == value)
+        return bind(parameter, whole);
+    else
+        result = sqlite3_bind_double(m_handle, parameter, value.toDouble());
+    if (result != SQLITE_OK)
+        throw lastError(m_database);
+}
+
 int Statement::columnCount() const
 {
     return sqlite3_column_count(m_handle);
@@ -278,6 +293,20 @@ std::string_view Statement::utf8(int column) const
 {
     const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(m_handle, column));
     return {text, std::size_t(sqlite3_column_bytes(m_handle, column))};
+}
+
+QJsonValue Statement::value(int column) const
+{
+    switch (sqlite3_column_type(m_handle, column)) {
+    case SQLITE_NULL:
+        return QJsonValue::Null;
+    case SQLITE_INTEGER:
+        return integer(column);
+    case SQLITE_FLOAT:
+        return sqlite3_column_double(m_handle, column);
+    default:
+        return text(column);
+    }
 }
 
 qint64 Statement::integer(int column) const
@@ -490,6 +519,17 @@ void Connection::readFile(qint64 offset, char *bytes, int length) const
         throw Error(Error::Kind::Storage, u"O arquivo \"%1\" não pôde ser lido."_s.arg(m_path));
 }
 
+void Connection::recordRows(const QStringList &tables, std::function<void()> beforeCommit)
+{
+    m_recorder = std::make_unique<RowRecorder>(m_database, tables);
+    m_beforeCommit = std::move(beforeCommit);
+}
+
+std::vector<RecordedRow> Connection::takeRecordedRows()
+{
+    return m_recorder ? m_recorder->take() : std::vector<RecordedRow>();
+}
+
 void Connection::checkIntegrity()
 {
     Statement check = prepareNative("PRAGMA quick_check(1)");
@@ -506,65 +546,4 @@ void Connection::setDefaultBusyTimeout()
 void Connection::setBusyTimeout(int milliseconds)
 {
     sqlite3_busy_timeout(m_database, milliseconds);
-}
-
-ReadLock::ReadLock(Connection &connection) : m_connection(connection), m_own(!connection.inTransaction())
-{
-    if (m_own)
-        m_connection.executeNative("BEGIN");
-}
-
-ReadLock::~ReadLock()
-{
-    try {
-        if (m_own)
-            m_connection.executeNative("COMMIT");
-    } catch (const Error &) {
-        // Nothing was written.
-    }
-}
-
-Transaction::Transaction(Connection &connection) : m_connection(connection)
-{
-    m_connection.executeNative("BEGIN IMMEDIATE");
-    if (m_connection.isCurrent())
-        return;
-    m_connection.executeNative("ROLLBACK");
-    throw Error(Error::Kind::Data,
-                u"o arquivo do banco de dados acaba de ser trocado por outro. Nada foi gravado."_s);
-}
-
-Transaction::~Transaction()
-{
-    if (!m_open)
-        return;
-    try {
-        m_connection.executeNative("ROLLBACK");
-    } catch (const Error &) {
-        // The store rolls back by itself after some failures; there is nothing left to undo then.
-    }
-}
-
-void Transaction::note(Subject subject, RowChange row)
-{
-    const auto noted = std::ranges::find(m_noted, subject, &Change::subject);
-    if (noted == m_noted.end())
-        m_noted.push_back({subject, {std::move(row)}});
-    else if (!noted->rows.empty())
-        noted->rows.push_back(std::move(row));
-}
-
-void Transaction::note(Subject subject)
-{
-    std::erase_if(m_noted, [subject](const Change &change) { return change.subject == subject; });
-    m_noted.push_back({subject, {}});
-}
-
-void Transaction::commit()
-{
-    // When it fails the destructor rolls back.
-    m_connection.executeNative("COMMIT");
-    m_open = false;
-    for (Change &change : m_noted)
-        Changes::announce(std::move(change));
 }

@@ -3,10 +3,13 @@
 #include "data/changes.h"
 #include "data/dialect.h"
 #include "data/error.h"
+#include "data/rowrecorder.h"
 
 #include <QByteArray>
+#include <QJsonValue>
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -29,6 +32,8 @@ public:
     /// Parameters count from 1.
     void bind(int parameter, const QString &value);
     void bind(int parameter, qint64 value);
+    /// Null, text, whole number or number, as value() gave it.
+    void bindValue(int parameter, const QJsonValue &value);
 
     int columnCount() const;
     /// Columns count from 0.
@@ -39,6 +44,8 @@ public:
     /// The value in UTF-8, without a copy, as the store holds it. Valid until the next step().
     std::string_view utf8(int column) const;
     qint64 integer(int column) const;
+    /// The value with its kind: null, text, whole number or number.
+    QJsonValue value(int column) const;
 
 private:
     friend class Connection;
@@ -86,6 +93,11 @@ public:
     /// makes no difference. Waits, like every read, while another process commits.
     quint64 dataVersion();
     bool inTransaction() const;
+    /// From here on the rows of these tables that a Transaction changes are written down; its commit calls
+    /// `beforeCommit` while it can still write.
+    void recordRows(const QStringList &tables, std::function<void()> beforeCommit);
+    /// What the open transaction changed since the last call; each row stands there as often as it changed.
+    std::vector<RecordedRow> takeRecordedRows();
     qint64 lastInsertedRow() const;
     /// The bytes of the file as they are on the disk, read through the store's own handle: closing another
     /// one would let go of the locks that this process holds. Within a ReadLock that has read something they
@@ -100,12 +112,18 @@ public:
     void setDefaultBusyTimeout();
 
 private:
+    friend class Transaction;
     enum class Access { Write, Read };
 
     explicit Connection(QString path);
     void openFile(const QString &password, Access access = Access::Write);
     void registerFunctions();
     void checkUsable();
+    void completeTransaction()
+    {
+        if (m_beforeCommit)
+            m_beforeCommit();
+    }
 
     QString m_path;
     quint64 m_serial;
@@ -115,6 +133,8 @@ private:
     mutable QByteArray m_salt;     ///< of the file: another one is another database, also under the same name
     mutable qint64 m_modified = 0; ///< nanoseconds, when the salt was last looked at
     mutable qint64 m_size = 0;
+    std::unique_ptr<RowRecorder> m_recorder;
+    std::function<void()> m_beforeCommit;
     std::optional<Statement> m_dataVersion; ///< prepared once: it is asked for before every look at the data
 };
 

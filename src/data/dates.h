@@ -10,6 +10,9 @@
 /// Dates as the program stores ("yyyy/mm/dd") and shows ("dd/mm/yyyy") them.
 namespace dates {
 
+/// The last year that the stored forms of a date have room for.
+inline constexpr int lastYear = 9999;
+
 /// "2026/12/10"; empty for no date.
 QString stored(QDate date);
 /// "10/12/2026"; empty for no date.

@@ -95,6 +95,28 @@ CREATE TABLE CamposEtiqueta (
     Formato TEXT COLLATE NOCASE);
 )";
 
+/// Made by version 1 of the file (PRAGMA user_version).
+constexpr char laterTables[] = R"(
+CREATE TABLE IF NOT EXISTS historico (
+    numero INTEGER PRIMARY KEY,
+    quando TEXT,
+    usuario TEXT COLLATE NOCASE,
+    computador TEXT COLLATE NOCASE,
+    instalacao TEXT,
+    tipo TEXT,
+    passo INTEGER,
+    desfeito INTEGER,
+    primeira INTEGER,
+    ultima INTEGER);
+CREATE TABLE IF NOT EXISTS historico_linha (
+    numero INTEGER PRIMARY KEY,
+    tabela TEXT,
+    linha INTEGER,
+    antes TEXT,
+    depois TEXT);
+PRAGMA user_version = 1;
+)";
+
 struct Index
 {
     QString name, table, columns;
@@ -185,6 +207,7 @@ void createFile(const QString &path)
     try {
         Transaction transaction(*connection);
         connection->executeNative(tables().toUtf8() + firstRows);
+        createLaterTables(*connection);
         createIndexes(*connection);
         transaction.commit();
     } catch (const Error &) {
@@ -203,6 +226,17 @@ bool isComplete(Connection &connection)
         "'fpagamento', 'login', 'login_inicia', 'camposetiqueta')");
     found.step();
     return found.integer(0) == 14;
+}
+
+bool hasLaterTables(Connection &connection)
+{
+    Statement version = connection.prepareNative("PRAGMA user_version");
+    return version.step() && version.integer(0) >= 1;
+}
+
+void createLaterTables(Connection &connection)
+{
+    connection.executeNative(laterTables);
 }
 
 bool upgrade(Connection &connection)

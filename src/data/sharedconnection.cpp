@@ -1,5 +1,7 @@
 #include "data/sharedconnection.h"
 
+#include "data/journal.h"
+#include "data/migration.h"
 #include "data/schema.h"
 
 using namespace Qt::StringLiterals;
@@ -14,6 +16,8 @@ std::shared_ptr<Connection> SharedConnection::open(const QString &path)
         throw Error(Error::Kind::Open,
                     u"O arquivo \"%1\" é um banco de dados, mas não tem as tabelas do Tavaro."_s.arg(path));
     schema::upgrade(*fresh);
+    migration::run(*fresh);
+    journal::keep(*fresh);
     m_connection = std::move(fresh);
     return m_connection;
 }

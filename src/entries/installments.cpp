@@ -10,8 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int lastYear = 9999; ///< stored dates have four digits for the year
-
 /// A typed whole number; text that is none counts as 0.
 qint64 number(const QString &text)
 {
@@ -94,10 +92,10 @@ std::vector<QDate> dueDates(const InstallmentsForm &form)
     std::vector<QDate> result;
     for (qint64 i = number(form.count); i > 0; --i) {
         due = nextDue(due, form);
-        if (!due.isValid() || due.year() > lastYear)
+        if (!due.isValid() || due.year() > dates::lastYear)
             throw Error(
                 Error::Kind::Data,
-                u"o vencimento da parcela %1 passa do ano %2."_s.arg(result.size() + 1).arg(lastYear));
+                u"o vencimento da parcela %1 passa do ano %2."_s.arg(result.size() + 1).arg(dates::lastYear));
         result.push_back(due);
     }
     return result;

@@ -1,5 +1,6 @@
 #include "entries/interest.h"
 
+#include "data/dates.h"
 #include "data/error.h"
 
 #include <algorithm>
@@ -14,7 +15,6 @@ __extension__ using Wide = __int128;
 constexpr Wide unit = 10'000;        ///< ten-thousandths in one
 constexpr Wide hundred = 100 * unit; ///< percent, in ten-thousandths
 constexpr int mostInstallments = 9'999;
-constexpr int lastYear = 9'999; ///< that "dd/mm/yyyy" has room for
 
 Error tooHigh()
 {
@@ -68,7 +68,7 @@ Spread spread(const Plan &plan, Charging charging)
     if (plan.count <= 0)
         return result;
     const qint64 lastDay = qint64(plan.count) * plan.days;
-    if (plan.count > mostInstallments || plan.start.addDays(lastDay).year() > lastYear)
+    if (plan.count > mostInstallments || plan.start.addDays(lastDay).year() > dates::lastYear)
         throw tooHigh();
     result.installment = rounded(total, product(hundred, plan.count));
     for (int i = 1; i <= plan.count; ++i)

@@ -9,8 +9,7 @@
 
 namespace {
 
-constexpr qint64 tooShortToSee = 300; ///< milliseconds
-constexpr qint64 betweenChecks = 20;  ///< milliseconds, while the screen is not shown
+constexpr qint64 betweenChecks = 20; ///< milliseconds, while the screen is not shown
 constexpr qint64 repaints = 50;
 
 } // namespace
@@ -80,7 +79,7 @@ void WaitProgress::check(qint64 done)
         // again.
         const qint64 elapsed = m_clock.elapsed();
         m_step = elapsed < betweenChecks ? m_step * 2 : std::max<qint64>(1, done * betweenChecks / elapsed);
-        if (elapsed >= tooShortToSee)
+        if (elapsed >= frmCarregando::tooShortToSee)
             show();
     }
     m_nextCheck = done + m_step;

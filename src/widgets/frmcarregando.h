@@ -18,6 +18,8 @@ class frmCarregando : public QDialog
     Q_OBJECT
 
 public:
+    static constexpr int tooShortToSee = 300; ///< milliseconds of work for which no screen is shown
+
     explicit frmCarregando(QWidget *parent = nullptr);
     ~frmCarregando() override;
 

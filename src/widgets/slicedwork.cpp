@@ -6,9 +6,9 @@
 
 namespace {
 
-int firstSlice = 40;                  ///< milliseconds; work that takes no longer is done at once
-int slice = 30;                       ///< milliseconds
-constexpr qint64 tooShortToSee = 400; ///< milliseconds
+int firstSlice = 40;                   ///< milliseconds; work that takes no longer is done at once
+int slice = 30;                        ///< milliseconds
+constexpr qint64 tooShortToTell = 400; ///< milliseconds
 
 } // namespace
 
@@ -43,7 +43,7 @@ void SlicedWork::work(int milliseconds)
         if (!m_task.run(QDeadlineTimer(milliseconds))) {
             if (m_task.interrupted)
                 m_task.interrupted();
-            if (m_clock.elapsed() > tooShortToSee)
+            if (m_clock.elapsed() > tooShortToTell)
                 showWait();
             m_next.start();
             return;

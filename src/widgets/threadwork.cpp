@@ -12,8 +12,7 @@
 
 namespace {
 
-constexpr int tooShortToSee = 300; ///< milliseconds
-constexpr int betweenLooks = 50;   ///< milliseconds
+constexpr int betweenLooks = 50; ///< milliseconds
 
 /// What the thread tells and is told.
 class SharedProgress : public Progress
@@ -71,7 +70,7 @@ bool threadwork::run(QWidget *over, const QString &title, const QString &text,
     QEventLoop loop;
     QObject::connect(thread.get(), &QThread::finished, &loop, &QEventLoop::quit);
     thread->start();
-    QTimer::singleShot(tooShortToSee, &loop, &QEventLoop::quit);
+    QTimer::singleShot(frmCarregando::tooShortToSee, &loop, &QEventLoop::quit);
     loop.exec(QEventLoop::ExcludeUserInputEvents);
     if (!thread->isFinished())
         showUntilDone(loop, over, title, text, progress);
