@@ -15,7 +15,7 @@ frmDica::frmDica(QWidget *parent)
 {
     m_ui->setupUi(this);
     prepare();
-    m_ui->chkdicadia->setChecked(settings::value(settings::tipOfTheDay) != "0"_L1);
+    m_ui->chkdicadia->setChecked(tips::areShown());
     showTip();
     connect(m_ui->cmdNextTip, &QPushButton::clicked, this, &frmDica::showTip);
     connect(m_ui->chkdicadia, &QCheckBox::toggled, this, &frmDica::setShownAtStart);

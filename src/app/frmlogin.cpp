@@ -1,6 +1,7 @@
 #include "app/frmlogin.h"
 #include "ui_frmlogin.h"
 
+#include "app/historycommands.h"
 #include "data/users.h"
 #include "settings/database.h"
 #include "widgets/background.h"
@@ -75,6 +76,7 @@ void frmLogin::enter()
         accept();
         break;
     case users::Answer::Accepted:
+        historycommands::setUser(m_ui->txtusuario->text());
         accept();
         break;
     case users::Answer::Incomplete:

@@ -12,25 +12,16 @@ namespace Ui {
 class frmPrincipal;
 }
 class AccessCommands;
-class AccountPane;
-class EntryPane;
-class ListPane;
-struct ListLayoutFile;
-class ListReader;
-class MovementPane;
+class MainTabs;
 class QLabel;
 class SwitchCommands;
 
-/// The main window: four tabs over the data, menus and toolbar. Reloads what other screens announce as
-/// changed, when the setting ExibirPrincipal says so.
+/// The main window: tabs over the data, menus and toolbar.
 class frmPrincipal : public QMainWindow
 {
     Q_OBJECT
 
 public:
-    /// Positions of the tabs.
-    enum Tab { PayablesTab, ReceivablesTab, MovementsTab, AccountsTab };
-
     explicit frmPrincipal(QWidget *parent = nullptr);
     ~frmPrincipal() override;
 
@@ -44,26 +35,17 @@ private:
     void makeTabs();
     void connectCommands();
     void dataChanged(const Change &change);
-    void showTab(Tab tab);
     void showDate();
     void alertDue();
     void reloadAll();
     void tryToOpen();
-    QList<ListPane *> listPanes() const;
-    std::vector<std::pair<ListPane *, ListLayoutFile>> layouts() const;
-    ListPane *paneOf(Subject subject) const;
     void applySettings();
 
     std::unique_ptr<Ui::frmPrincipal> m_ui;
-    EntryPane *m_payables;
-    EntryPane *m_receivables;
-    MovementPane *m_movements;
-    AccountPane *m_accounts;
-    ListReader *m_reader;
+    MainTabs *m_tabs;
     AccessCommands *m_access;
     SwitchCommands *m_switches;
     QLabel *m_welcome;
-    bool m_layoutShown = false; ///< the saved column layout was applied, so what is shown may replace it
     DayWatch m_day{this};
     QTimer m_tryAgain{this};
 };

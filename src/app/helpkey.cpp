@@ -20,6 +20,7 @@ constexpr Section sections[] = {
     {u"contas", u" frmbanco "},
     {u"lancar", u" frmadicionar "},
     {u"contatos", u" frmcliente frmcadcli frmconfetiqueta "},
+    {u"desfazer", u" frmhistorico "},
     {u"movimentos", u" frmmovimentobanc "},
     {u"parcelas", u" frmmultiplos "},
     {u"centros", u" frmcentrocusto "},

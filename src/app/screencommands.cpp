@@ -15,6 +15,7 @@
 #include "entries/frmrecibo.h"
 #include "entries/frmvisualizar.h"
 #include "entries/periodview.h"
+#include "history/frmhistorico.h"
 #include "sales/frmestoque.h"
 #include "sales/frmordemserv.h"
 #include "widgets/messages.h"
@@ -60,6 +61,7 @@ constexpr ScreenCommand commands[] = {
     {u"mnusobre", tellAbout},
     {u"mnuestsoftware", [](QWidget *parent) { frmEstSoftware::open(parent); }},
     {u"mnudicadia", [](QWidget *parent) { frmDica::open(parent); }},
+    {u"mnuhistorico", [](QWidget *parent) { frmHistorico::open(parent); }},
     {u"mnucomp", [](QWidget *parent) { frmCompromisso::open(parent); }},
     {u"mnucal", [](QWidget *parent) { frmCalendario::open(parent); }},
     {u"mnujurosdesc", [](QWidget *parent) { frmJurosDesconto::open(parent); }},

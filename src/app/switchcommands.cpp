@@ -2,6 +2,7 @@
 
 #include "settings/autostart.h"
 #include "settings/settings.h"
+#include "settings/tips.h"
 #include "widgets/messages.h"
 
 #include <QAction>
@@ -28,8 +29,7 @@ const Switch switches[] = {{u"mnuexibirprincipal"_s, settings::refreshMainWindow
 
 bool isMarked(const settings::Key &key)
 {
-    // Whatever is not "0" shows the tip; the others are on with "1" alone.
-    return &key == &settings::tipOfTheDay ? settings::value(key) != "0"_L1 : settings::isOn(key);
+    return key.name == settings::tipOfTheDay.name ? tips::areShown() : settings::isOn(key);
 }
 
 } // namespace

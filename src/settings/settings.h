@@ -23,6 +23,8 @@ inline constexpr QStringView tips = u"configuracoes";
 
 inline constexpr Key databasePath{general, u"RedeLocal", u"SemRede"};
 inline constexpr Key networkOn{general, u"EmRede", u"0"};
+/// A random name by which the journal tells the installations apart.
+inline constexpr Key installation{general, u"Instalacao", u""};
 inline constexpr Key startWithSystem{general, u"Iniciar", u"0"};
 inline constexpr Key dueAlerts{general, u"AlertasVencimento", u"1"};
 /// The settings screen switches the alerts off under this misspelt key, which nothing reads.

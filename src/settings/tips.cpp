@@ -1,6 +1,7 @@
 #include "settings/tips.h"
 
 #include "settings/programfolder.h"
+#include "settings/settings.h"
 
 #include <QFile>
 #include <QRandomGenerator>
@@ -9,6 +10,11 @@
 using namespace Qt::StringLiterals;
 
 namespace tips {
+
+bool areShown()
+{
+    return settings::value(settings::tipOfTheDay) != "0"_L1;
+}
 
 QString file()
 {

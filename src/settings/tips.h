@@ -8,6 +8,9 @@
 /// The tips of the day: the lines of "dicas.txt" in the program folder.
 namespace tips {
 
+/// Whether one is shown at the start: whatever is not "0" says so.
+bool areShown();
+
 QString file();
 /// In the order of the file; nothing when it cannot be read.
 std::optional<QStringList> read();

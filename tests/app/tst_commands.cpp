@@ -201,7 +201,7 @@ void tst_commands::commandsActOnWhatIsSelected()
         shop.command(line.command);
         QCOMPARE(shop.told(), line.told);
         QCOMPARE(shop.state(line.select.section(u',', -1).section(u' ', 0, 0)), line.after);
-        QCOMPARE(shop.tab(), int(frmPrincipal::PayablesTab));
+        QCOMPARE(shop.tab(), int(MainTabs::Payables));
     }
 }
 
@@ -217,20 +217,19 @@ void tst_commands::windowFollowsOtherScreensUnlessSwitchedOff()
     const QString entry = u"cboorigem=Caixa, cboestatus=Concluído, "_s;
     const Line lines[] = {
         {u"cmdadicionard"_s, entry + u"txtdescricao=Luz, cbotipo=Zé, txtvalor=16"_s, u"cmdinserir"_s,
-         u"lstpagar"_s, frmPrincipal::PayablesTab, u"1P 2P 3P 4P 5C; "_s,
+         u"lstpagar"_s, MainTabs::Payables, u"1P 2P 3P 4P 5C; "_s,
          u"5C 4P 3P 2P 1P; 5 31,00 16,00 15,00 3; R$ 1.334,00; 100"_s,
          u"4P 3P 2P 1P; 4 15,00 0,00 15,00 3; R$ 1.350,00; 100"_s},
         {u"cmdadicionarr"_s, entry + u"txtdescricao=Venda, cbotipo=Ana, txtvalor=160"_s, u"cmdinserir"_s,
-         u"lstreceber"_s, frmPrincipal::ReceivablesTab, u"1P 2P 3P 4P 5C; "_s,
+         u"lstreceber"_s, MainTabs::Receivables, u"1P 2P 3P 4P 5C; "_s,
          u"1P 2P 3P 4P 5C; 5 310,00 160,00 150,00 10; R$ 1.510,00; 100"_s,
          u"1P 2P 3P 4P; 4 150,00 0,00 150,00 10; R$ 1.350,00; 100"_s},
         {u"cmdmultiplosp"_s, entry + u"txtdescricao=Luz, cbotipo=Zé, txtvalor=16, txtnparcelas=2"_s,
-         u"cmdinserir"_s, u"lstpagar"_s, frmPrincipal::PayablesTab, u"1P 2P 3P 4P 5C 6C; "_s,
+         u"cmdinserir"_s, u"lstpagar"_s, MainTabs::Payables, u"1P 2P 3P 4P 5C 6C; "_s,
          u"4P 3P 2P 1P 5C 6C; 6 47,00 32,00 15,00 3; R$ 1.318,00; 100"_s,
          u"4P 3P 2P 1P; 4 15,00 0,00 15,00 3; R$ 1.350,00; 100"_s},
         {u"cmdadicionarm"_s, entry + u"txtvalor=400"_s, u"cmdadicionar"_s, u"lstmovimento"_s,
-         frmPrincipal::MovementsTab, u"1C 2C 3C 4C; "_s,
-         u"3C 1C 2C 4C; 800,00 3 50,00 1 0,00 0; R$ 1.750,00; 100"_s,
+         MainTabs::Movements, u"1C 2C 3C 4C; "_s, u"3C 1C 2C 4C; 800,00 3 50,00 1 0,00 0; R$ 1.750,00; 100"_s,
          u"3C 1C 2C; 400,00 2 50,00 1 0,00 0; R$ 1.350,00; 100"_s},
     };
     for (const Line &line : lines) {
@@ -238,12 +237,12 @@ void tst_commands::windowFollowsOtherScreensUnlessSwitchedOff()
             Book shop;
             settings::setValue(settings::refreshMainWindow, follows ? u"1"_s : u"0"_s);
             shop.open();
-            shop.find<QTabWidget>(u"tabprincipal"_s)->setCurrentIndex(frmPrincipal::AccountsTab);
+            shop.find<QTabWidget>(u"tabprincipal"_s)->setCurrentIndex(MainTabs::Accounts);
             shop.command(line.command);
             shop.fill(line.fields);
             shop.press(line.save);
             QCOMPARE(shop.state(line.list), line.written + (follows ? line.shown : line.shownBefore));
-            QCOMPARE(shop.tab(), follows ? line.tab : int(frmPrincipal::AccountsTab));
+            QCOMPARE(shop.tab(), follows ? line.tab : int(MainTabs::Accounts));
             shop.command(u"mnuatualizarlistas"_s);
             QTRY_COMPARE(shop.state(line.list), line.written + line.shown);
         }

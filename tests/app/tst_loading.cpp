@@ -124,7 +124,7 @@ void tst_loading::hiddenTabsHaveTheirTotalsAtStart()
     shop.program.run(u"insert into bancario (movimento, valor) values ('Depósito', '5,00')"_s);
     shop.program.run(u"insert into banco values ('Caixa', '100,00', ' ')"_s);
     shop.open();
-    QCOMPARE(shop.tab(), int(frmPrincipal::PayablesTab));
+    QCOMPARE(shop.tab(), int(MainTabs::Payables));
     QCOMPARE(
         shop.label(u"lbltotalr"_s),
         u"1 cadastrados  -  Total de lucros: R$ 30,00  -  Total recebido: R$ 30,00  -  Total pendente: R$ 0,00 - Quantidade de produtos (vendas): 0"_s);

@@ -95,7 +95,7 @@ void tst_screens::continuingLeavesTheMainWindowAlone()
     QCOMPARE(shop.list(u"lstreceber"_s)->rowCount(), 0);
     QTest::keyClick(shop.screen(u"frmAdicionar"_s), Qt::Key_Escape);
     QCOMPARE(shop.list(u"lstreceber"_s)->rowCount(), 1);
-    QCOMPARE(shop.tab(), int(frmPrincipal::ReceivablesTab));
+    QCOMPARE(shop.tab(), int(MainTabs::Receivables));
     // A list that is read meanwhile counts the change once.
     shop.list(u"lstreceber"_s)->selectRow(0);
     shop.command(u"cmdalterarr"_s);
@@ -162,7 +162,7 @@ void tst_screens::accountScreens()
                           "exclamation | Erro | O campo nome deve ser preenchido!"_s);
     shop.type(u"txtnome"_s, u"Cofre"_s);
     shop.press(u"cmdinserir"_s);
-    QCOMPARE(shop.tab(), int(frmPrincipal::AccountsTab));
+    QCOMPARE(shop.tab(), int(MainTabs::Accounts));
     ListView *list = shop.list(u"lstcaixabanco"_s);
     QCOMPARE(list->cell(0, 1), u"R$ 250,50"_s);
     QVERIFY(shop.find<QPlainTextEdit>(u"txtresucaixa"_s)

@@ -158,7 +158,7 @@ void tst_entryscreen::closingWithoutSavingReadsTheListsAgain()
     shop.program.run(u"update receber set cliente='Caio'"_s);
     shop.press(u"cmdcancelar"_s);
     QCOMPARE(shop.list(u"lstreceber"_s)->cell(0, 4), u"Caio"_s);
-    QCOMPARE(shop.tab(), int(frmPrincipal::ReceivablesTab));
+    QCOMPARE(shop.tab(), int(MainTabs::Receivables));
 }
 
 void tst_entryscreen::errorThatNothingCaughtIsShown()

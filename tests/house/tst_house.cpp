@@ -23,11 +23,12 @@ const QMap<QString, QStringList> &roomsBelow()
             {u"bank"_s, {u"reports"_s}},
             {u"stock"_s, {u"reports"_s}},
             {u"entries"_s, {u"bank"_s, u"stock"_s}},
+            {u"history"_s, {u"widgets"_s}},
             {u"agenda"_s, {u"entries"_s}},
             {u"sales"_s, {u"entries"_s}},
             {u"analysis"_s, {u"sales"_s, u"agenda"_s}},
             {u"mail"_s, {u"entries"_s}},
-            {u"app"_s, {u"analysis"_s, u"mail"_s}},
+            {u"app"_s, {u"analysis"_s, u"mail"_s, u"history"_s}},
         };
         QMap<QString, QStringList> below;
         for (const auto &[room, others] : arrows) {

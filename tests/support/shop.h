@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/frmprincipal.h"
+#include "app/maintabs.h"
 #include "support/boxes.h"
 #include "support/testprogram.h"
 #include "widgets/listview.h"

@@ -6,18 +6,24 @@
 #include "app/frmconfigsoft.h"
 #include "app/frmprincipal.h"
 #include "app/icons.h"
+#include "app/maintabs.h"
 #include "bank/frmbanco.h"
 #include "bank/frmmovimentobanc.h"
 #include "data/clock.h"
+#include "data/journal.h"
+#include "entries/entry.h"
 #include "entries/frmadicionar.h"
 #include "entries/frmcadcli.h"
 #include "entries/frmcentrocusto.h"
 #include "entries/frmcliente.h"
 #include "entries/frmmultiplos.h"
 #include "entries/frmvisualizar.h"
+#include "entries/side.h"
+#include "history/frmhistorico.h"
 #include "reports/frmimpressao.h"
 #include "sales/frmestoque.h"
 #include "sales/frmordemserv.h"
+#include "settings/database.h"
 #include "settings/programfolder.h"
 #include "settings/settings.h"
 #include "stock/frmcadproduto.h"
@@ -134,7 +140,19 @@ void mainWindow(Pictures &pictures, frmPrincipal &window)
         tabs->setCurrentIndex(tab);
         pictures.take(window, names[tab]);
     }
-    tabs->setCurrentIndex(frmPrincipal::PayablesTab);
+    tabs->setCurrentIndex(MainTabs::Payables);
+}
+
+/// Something to look at in the journal.
+void history(Pictures &pictures, frmPrincipal &window)
+{
+    journal::setAuthor({u"Ana"_s, u"BALCAO"_s, journal::author().installation});
+    entry::settle(*openDatabase(), receivable(), {u"2"_s}, programclock::today());
+    entry::remove(*openDatabase(), payable(), {{u"3"_s, u"-"_s, {}}});
+    window.findChild<QAction *>(u"mnudesfazer"_s)->trigger();
+    frmHistorico *screen = frmHistorico::open(&window);
+    screen->findChild<ListView *>(u"lsthistorico"_s)->selectRow(2);
+    pictures.takeAndClose(screen, u"historico"_s);
 }
 
 void reports(Pictures &pictures, frmPrincipal &window)
@@ -409,5 +427,6 @@ int main(int argc, char *argv[])
     agenda(pictures, window);
     lockScreen(pictures, window);
     reports(pictures, window);
+    history(pictures, window);
     return pictures.failed() ? 1 : 0;
 }
