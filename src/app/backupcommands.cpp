@@ -1,9 +1,13 @@
 #include "app/backupcommands.h"
 
+#include "settings/autobackup.h"
 #include "settings/backup.h"
+#include "settings/database.h"
 #include "widgets/files.h"
 #include "widgets/messages.h"
 #include "widgets/threadwork.h"
+
+#include <QFile>
 
 using namespace Qt::StringLiterals;
 
@@ -42,6 +46,24 @@ bool restore(QWidget *parent)
     if (restored)
         messages::information(parent, backupTitle, u"Backup restaurado com sucesso!"_s);
     return restored;
+}
+
+bool copyNow(QWidget *parent)
+{
+    autobackup::Plan plan;
+    if (!messages::guarded(parent, messages::generalPrefix, [&plan] { plan = autobackup::plan(); }))
+        return false;
+    const bool made = threadwork::run(parent, u"Cópia automática"_s,
+                                      u"O banco de dados está sendo copiado e a cópia conferida."_s,
+                                      [&plan](Progress &progress) { autobackup::make(plan, progress); });
+    return made &&
+           messages::guarded(parent, messages::generalPrefix, [&plan] { autobackup::remember(plan); });
+}
+
+void copyIfDue(QWidget *parent)
+{
+    if (autobackup::isOn() && autobackup::hasNews() && QFile::exists(databasePath()))
+        copyNow(parent);
 }
 
 } // namespace backupcommands

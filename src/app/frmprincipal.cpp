@@ -109,6 +109,7 @@ void frmPrincipal::start()
     connect(&m_day, &DayWatch::changed, this, [this] {
         showDate();
         alertDue();
+        backupcommands::copyIfDue(this);
     });
     QCoreApplication::sendPostedEvents(); // the rest of the lists is read when the window has answered
 }
@@ -174,5 +175,6 @@ void frmPrincipal::closeEvent(QCloseEvent *event)
     if (!frmViaEmail::mayClose(this))
         return event->ignore();
     messages::guarded(this, messages::generalPrefix, [this] { m_tabs->saveLayouts(); });
+    backupcommands::copyIfDue(this);
     QMainWindow::closeEvent(event);
 }

@@ -43,7 +43,7 @@ constexpr Section sections[] = {
     {u"papel", u" frmimpressao frmvisualizar "},
     {u"email", u" frmviaemail frmconfloginemail frmenviando "},
     {u"login", u" frmlogin frmgerenciarlogin "},
-    {u"backup", u" frmestsoftware "},
+    {u"backup", u" frmestsoftware frmcopias "},
     {u"config", u" frmconfigsoft "},
 };
 

@@ -4,6 +4,7 @@
 #include "agenda/frmcompromisso.h"
 #include "app/backupcommands.h"
 #include "app/externaltools.h"
+#include "app/frmcopias.h"
 #include "app/frmdica.h"
 #include "app/frmestsoftware.h"
 #include "app/frmgerenciarlogin.h"
@@ -61,6 +62,7 @@ constexpr ScreenCommand commands[] = {
     {u"mnusobre", tellAbout},
     {u"mnuestsoftware", [](QWidget *parent) { frmEstSoftware::open(parent); }},
     {u"mnudicadia", [](QWidget *parent) { frmDica::open(parent); }},
+    {u"mnucopias", [](QWidget *parent) { frmCopias::open(parent); }},
     {u"mnuhistorico", [](QWidget *parent) { frmHistorico::open(parent); }},
     {u"mnucomp", [](QWidget *parent) { frmCompromisso::open(parent); }},
     {u"mnucal", [](QWidget *parent) { frmCalendario::open(parent); }},

@@ -25,6 +25,11 @@ inline constexpr Key databasePath{general, u"RedeLocal", u"SemRede"};
 inline constexpr Key networkOn{general, u"EmRede", u"0"};
 /// A random name by which the journal tells the installations apart.
 inline constexpr Key installation{general, u"Instalacao", u""};
+inline constexpr Key automaticBackup{general, u"BackupAutomatico", u"1"};
+/// Empty: a folder of the program folder.
+inline constexpr Key backupFolder{general, u"BackupPasta", u""};
+/// The database as it was when it was last copied: path, size and time.
+inline constexpr Key backupState{general, u"BackupEstado", u""};
 inline constexpr Key startWithSystem{general, u"Iniciar", u"0"};
 inline constexpr Key dueAlerts{general, u"AlertasVencimento", u"1"};
 /// The settings screen switches the alerts off under this misspelt key, which nothing reads.

@@ -56,6 +56,15 @@ QString files::save(QWidget *parent, const QString &title, const QString &filter
     });
 }
 
+QString files::folder(QWidget *parent, const QString &title, const QString &start)
+{
+    return choose(parent, title, {}, [&start](QFileDialog &dialog) {
+        dialog.setFileMode(QFileDialog::Directory);
+        dialog.setOption(QFileDialog::ShowDirsOnly);
+        dialog.setDirectory(start);
+    });
+}
+
 void files::offerToOpen(QWidget *parent, const QString &path)
 {
     const bool open = messages::question(

@@ -13,6 +13,7 @@ Shop::Shop()
     programclock::set(QDateTime(QDate(2026, 11, 14), QTime(10, 0)));
     settings::setValue(settings::tipOfTheDay, u"0"_s);
     settings::setValue(settings::dueAlerts, u"0"_s);
+    settings::setValue(settings::automaticBackup, u"0"_s);
 }
 
 void Shop::openWithoutWaiting()

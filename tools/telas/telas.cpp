@@ -3,7 +3,9 @@
 #include "agenda/frmalerta.h"
 #include "agenda/frmcompromisso.h"
 #include "analysis/frmrelatorio.h"
+#include "app/backupcommands.h"
 #include "app/frmconfigsoft.h"
+#include "app/frmcopias.h"
 #include "app/frmprincipal.h"
 #include "app/icons.h"
 #include "app/maintabs.h"
@@ -23,6 +25,7 @@
 #include "reports/frmimpressao.h"
 #include "sales/frmestoque.h"
 #include "sales/frmordemserv.h"
+#include "settings/autobackup.h"
 #include "settings/database.h"
 #include "settings/programfolder.h"
 #include "settings/settings.h"
@@ -153,6 +156,20 @@ void history(Pictures &pictures, frmPrincipal &window)
     frmHistorico *screen = frmHistorico::open(&window);
     screen->findChild<ListView *>(u"lsthistorico"_s)->selectRow(2);
     pictures.takeAndClose(screen, u"historico"_s);
+}
+
+void copies(Pictures &pictures, frmPrincipal &window)
+{
+    const QDateTime now = programclock::now();
+    for (int day = 3; day >= 0; --day) {
+        programclock::set(now.addDays(-day));
+        backupcommands::copyNow(&window);
+    }
+    entry::remove(*openDatabase(), payable(), {{u"5"_s, u"-"_s, {}}});
+    autobackup::setOn(true);
+    pictures.takeAndClose(frmCopias::open(&window), u"copias"_s);
+    autobackup::setOn(false);
+    QDir(autobackup::folder()).removeRecursively();
 }
 
 void reports(Pictures &pictures, frmPrincipal &window)
@@ -413,6 +430,7 @@ int main(int argc, char *argv[])
     Pictures pictures(arguments[2]);
     settings::setValue(settings::tipOfTheDay, u"0"_s);
     settings::setValue(settings::dueAlerts, u"0"_s);
+    settings::setValue(settings::automaticBackup, u"0"_s);
     frmPrincipal window;
     window.show();
     window.start();
@@ -428,5 +446,6 @@ int main(int argc, char *argv[])
     lockScreen(pictures, window);
     reports(pictures, window);
     history(pictures, window);
+    copies(pictures, window);
     return pictures.failed() ? 1 : 0;
 }
