@@ -38,6 +38,7 @@ void frmCompromisso::connectControls()
         m_ui->lstcompromisso->addAction(action);
     m_ui->lstcompromisso->setContextMenuPolicy(Qt::ActionsContextMenu);
     connect(m_ui->lstcompromisso, &ListView::rowActivated, this, &frmCompromisso::edit);
+    connect(m_ui->lstcompromisso, &ListView::insertRequested, m_ui->novo, &QAction::trigger);
     connect(m_ui->lstcompromisso, &ListView::removeRequested, this, &frmCompromisso::remove);
     connectExports(
         this, {m_ui->imprimir, m_ui->txt, m_ui->html},

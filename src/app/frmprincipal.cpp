@@ -5,6 +5,7 @@
 #include "analysis/frmconfextrato.h"
 #include "analysis/frmpormes.h"
 #include "analysis/frmprojecao.h"
+#include "analysis/todaypane.h"
 #include "app/accesscommands.h"
 #include "app/backupcommands.h"
 #include "app/frmconfigsoft.h"
@@ -72,6 +73,7 @@ void frmPrincipal::connectCommands()
     connectScreenCommands(*this);
     historycommands::connectTo(*this);
     makeReportMenus(*this);
+    connect(&m_tabs->today(), &TodayPane::copiesWanted, m_ui->mnucopias, &QAction::trigger);
     completeToolBar(*this);
     m_access = new AccessCommands(*this);
     m_switches = new SwitchCommands(*this);

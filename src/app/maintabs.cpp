@@ -1,5 +1,6 @@
 #include "app/maintabs.h"
 
+#include "analysis/todaypane.h"
 #include "app/listreader.h"
 #include "bank/accountpane.h"
 #include "bank/movementpane.h"
@@ -10,6 +11,7 @@
 #include "widgets/background.h"
 #include "widgets/liststyle.h"
 
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QTabWidget>
 
@@ -30,6 +32,12 @@ MainTabs::MainTabs(QTabWidget &tabs, QWidget &window)
     add(m_receivables, u"view-financial-category-income"_s, u"Contas a receber"_s);
     add(m_movements, u"view-financial-transfer-reconcile"_s, u"Movimento bancário"_s);
     add(m_accounts, u"view-bank"_s, u"Caixas e bancos"_s);
+    m_today = new TodayPane(*m_accounts, &window);
+    add(m_today, u"view-calendar-day"_s, u"Hoje"_s);
+    for (const Tab tab :
+         {Payables, Receivables, Movements, Today}) // the accounts have a command of their own
+        connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key(int(Qt::Key_1) + int(tab))), &window),
+                &QShortcut::activated, this, [this, tab] { m_tabs.setCurrentIndex(tab); });
     m_reader = new ListReader(listPanes(), *m_accounts, this);
     connect(&tabs, &QTabWidget::currentChanged, m_reader, &ListReader::show);
     for (EntryPane *pane : {m_payables, m_receivables})
@@ -75,6 +83,7 @@ void MainTabs::readAll()
 
 void MainTabs::follow(const Change &change)
 {
+    m_today->follow(change);
     ListPane *pane = paneOf(change.subject);
     if (!pane && change.subject != Subject::Accounts)
         return;
@@ -85,7 +94,7 @@ void MainTabs::follow(const Change &change)
         m_accounts->skip();
         return;
     }
-    if (!ownCommand)
+    if (!ownCommand && !m_today->isCommanding())
         show(pane ? Tab(listPanes().indexOf(pane)) : Accounts);
     if (pane)
         pane->follow(change);
@@ -100,6 +109,8 @@ void MainTabs::restore()
     for (const auto &[pane, file] : layouts())
         pane->list().applyLayout(listlayout::load(file));
     m_layoutShown = true;
+    if (settings::isOn(settings::openToday))
+        show(Today);
 }
 
 void MainTabs::saveLayouts() const
@@ -116,4 +127,6 @@ void MainTabs::applyStyle()
 {
     for (ListView *list : m_tabs.findChildren<ListView *>())
         applyListStyle(*list);
+    for (EntryPane *pane : {m_payables, m_receivables})
+        pane->applySigns();
 }

@@ -13,6 +13,7 @@ class ListPane;
 class ListReader;
 class MovementPane;
 class QTabWidget;
+class TodayPane;
 
 /// The tabs of the main window and what they show. They follow what is announced as changed, by their own
 /// commands or by other screens, when the setting ExibirPrincipal says so.
@@ -22,7 +23,7 @@ class MainTabs : public QObject
 
 public:
     /// Positions of the tabs.
-    enum Tab { Payables, Receivables, Movements, Accounts };
+    enum Tab { Payables, Receivables, Movements, Accounts, Today };
 
     MainTabs(QTabWidget &tabs, QWidget &window);
 
@@ -30,6 +31,7 @@ public:
     EntryPane &receivables() { return *m_receivables; }
     MovementPane &movements() { return *m_movements; }
     AccountPane &accounts() { return *m_accounts; }
+    TodayPane &today() { return *m_today; }
 
     /// Shows a tab without reading it.
     void show(Tab tab);
@@ -52,6 +54,7 @@ private:
     EntryPane *m_receivables;
     MovementPane *m_movements;
     AccountPane *m_accounts;
+    TodayPane *m_today;
     ListReader *m_reader;
     bool m_layoutShown = false; ///< the saved column layout was applied, so what is shown may replace it
 };

@@ -1,5 +1,6 @@
 #include "app/switchcommands.h"
 
+#include "data/changes.h"
 #include "settings/autostart.h"
 #include "settings/settings.h"
 #include "settings/tips.h"
@@ -25,6 +26,7 @@ const Switch switches[] = {{u"mnuexibirprincipal"_s, settings::refreshMainWindow
                            {u"mnuatualizarsaldo"_s, settings::updateBalances},
                            {u"mnumostrardicadia"_s, settings::tipOfTheDay},
                            {u"mnualertavenc"_s, settings::dueAlerts},
+                           {u"mnusinais"_s, settings::rowSigns},
                            {startWithSystem, settings::startWithSystem}};
 
 bool isMarked(const settings::Key &key)
@@ -57,8 +59,10 @@ void SwitchCommands::show()
 void SwitchCommands::store(QAction *action, const settings::Key &key, bool on)
 {
     if (messages::guarded(&m_window, messages::generalPrefix,
-                          [&] { settings::setValue(key, on ? u"1"_s : u"0"_s); }))
+                          [&] { settings::setValue(key, on ? u"1"_s : u"0"_s); })) {
+        Changes::announce(Subject::Settings);
         return;
+    }
     const QSignalBlocker blocker(action);
     action->setChecked(!on);
 }

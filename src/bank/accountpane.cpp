@@ -61,6 +61,7 @@ void AccountPane::makeCommands()
     connect(editCommand, &QAction::triggered, this, &AccountPane::editSelected);
     connect(removeCommand, &QAction::triggered, this, &AccountPane::removeSelected);
     connect(m_ui->lstcaixabanco, &ListView::rowActivated, editCommand, &QAction::trigger);
+    connect(m_ui->lstcaixabanco, &ListView::insertRequested, addCommand, &QAction::trigger);
     connect(m_ui->lstcaixabanco, &ListView::removeRequested, removeCommand, &QAction::trigger);
 }
 

@@ -36,6 +36,8 @@ public:
         m_isCurrent = false;
         m_missed = true;
     }
+    /// What the list shows.
+    const std::vector<AccountBalance> &balances() const { return m_shown; }
     bool isCommanding() const { return m_isCommanding; }
     /// While balances are computed.
     bool isLoading() const { return m_work.isRunning(); }

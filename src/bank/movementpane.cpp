@@ -66,6 +66,7 @@ void MovementPane::makeCommands()
     connect(editCommand, &QAction::triggered, this, &MovementPane::editSelected);
     connect(removeCommand, &QAction::triggered, this, &MovementPane::removeSelected);
     connect(m_ui->lstmovimento, &ListView::rowActivated, editCommand, &QAction::trigger);
+    connect(m_ui->lstmovimento, &ListView::insertRequested, addCommand, &QAction::trigger);
     connect(m_ui->lstmovimento, &ListView::removeRequested, removeCommand, &QAction::trigger);
 }
 

@@ -2,6 +2,8 @@
 #include "ui_entrypane.h"
 
 #include "data/clock.h"
+#include "data/dates.h"
+#include "data/status.h"
 #include "entries/entrylist.h"
 #include "lists/period.h"
 #include "reports/listexportcommands.h"
@@ -84,6 +86,25 @@ EntryPane::EntryPane(const Side &side, const EntryPaneNames &names, QWidget *par
 
 EntryPane::~EntryPane() = default;
 
+void EntryPane::applySigns()
+{
+    if (!settings::isOn(settings::rowSigns)) {
+        list().table().setSigns(-1, {});
+        return;
+    }
+    const int status = entrylist::columnOf(m_side, u"estatus"),
+              due = entrylist::columnOf(m_side, u"vencimento");
+    list().table().setSigns(status, [this, status, due](int row) {
+        const TableModel &table = list().table();
+        if (table.cell(row, status) != status::pending)
+            return RowSign::Settled;
+        const QDate date = dates::read(table.cell(row, due)), today = programclock::today();
+        if (!date.isValid() || date > today)
+            return RowSign::None;
+        return date < today ? RowSign::Overdue : RowSign::DueToday;
+    });
+}
+
 void EntryPane::nameControls()
 {
     m_ui->baseado->setObjectName(m_names.basedOn);
@@ -140,6 +161,7 @@ void EntryPane::makeCommands()
     addListExport(
         m_ui->comandos, *m_ui->lista, m_names.exportSuffix, [this] { return report(); }, m_names.pages);
     connect(m_ui->lista, &ListView::rowActivated, editCommand, &QAction::trigger);
+    connect(m_ui->lista, &ListView::insertRequested, addCommand, &QAction::trigger);
     connect(m_ui->lista, &ListView::removeRequested, removeCommand, &QAction::trigger);
 }
 

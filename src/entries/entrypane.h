@@ -40,6 +40,9 @@ public:
 
     const Side &side() const { return m_side; }
 
+    /// The rows bear signs, or none, as the settings say.
+    void applySigns();
+
     QAction *addCommand, *editCommand, *removeCommand, *settleCommand, *installmentsCommand;
     QAction *historyCommand, *receiptCommand, *monthsCommand, *goalsCommand;
 

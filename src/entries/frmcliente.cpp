@@ -60,6 +60,7 @@ void frmCliente::connectCommands()
     connect(m_ui->mnumaladireta, &QAction::triggered, this, &frmCliente::mergeMail);
     connect(m_ui->mnuemail, &QAction::triggered, this, &frmCliente::writeEmail);
     connect(m_ui->lstcontato, &ListView::rowActivated, m_ui->editar, &QAction::trigger);
+    connect(m_ui->lstcontato, &ListView::insertRequested, m_ui->novo, &QAction::trigger);
     connect(m_ui->lstcontato, &ListView::removeRequested, m_ui->remover, &QAction::trigger);
 
     connect(m_ui->txtfiltro, &QLineEdit::textChanged, this, &frmCliente::refresh);

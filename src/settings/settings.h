@@ -26,6 +26,10 @@ inline constexpr Key networkOn{general, u"EmRede", u"0"};
 /// A random name by which the journal tells the installations apart.
 inline constexpr Key installation{general, u"Instalacao", u""};
 inline constexpr Key automaticBackup{general, u"BackupAutomatico", u"1"};
+/// The program opens on the page of what is due today.
+inline constexpr Key openToday{general, u"AbrirHoje", u"1"};
+/// Entries that are overdue, due today or settled bear a sign in the lists.
+inline constexpr Key rowSigns{general, u"SinaisListas", u"1"};
 /// Empty: a folder of the program folder.
 inline constexpr Key backupFolder{general, u"BackupPasta", u""};
 /// The database as it was when it was last copied: path, size and time.

@@ -262,6 +262,8 @@ void ListView::keyPressEvent(QKeyEvent *event)
         m_menu->open();
     else if (event->matches(QKeySequence::Delete) && row >= 0)
         Q_EMIT removeRequested();
+    else if (event->key() == Qt::Key_Insert && event->modifiers() == Qt::NoModifier)
+        Q_EMIT insertRequested();
     else if (isReturn && row >= 0)
         Q_EMIT rowActivated(row);
     else

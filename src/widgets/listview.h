@@ -59,6 +59,8 @@ public:
 Q_SIGNALS:
     /// Return or double click on a row.
     void rowActivated(int row);
+    /// Insert: another row is wanted.
+    void insertRequested();
     /// Delete on a selection.
     void removeRequested();
     /// The whole list is about to be saved: what is still being read is to be there.

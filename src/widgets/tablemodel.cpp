@@ -4,6 +4,7 @@
 #include "data/decimal.h"
 
 #include <QCollator>
+#include <QGuiApplication>
 
 #include <algorithm>
 #include <numeric>
@@ -245,7 +246,17 @@ QVariant TableModel::data(const QModelIndex &index, int role) const
     case Qt::TextAlignmentRole:
         return headerData(index.column(), Qt::Horizontal, role);
     case Qt::ForegroundRole:
-        return m_text.isValid() ? QVariant(m_text) : QVariant();
+        if (const QColor colour =
+                m_text.isValid() ? m_text : rowsigns::colour(signOf(index.row()), QGuiApplication::palette());
+            colour.isValid())
+            return colour;
+        return {};
+    case Qt::DecorationRole:
+        return index.column() == m_signColumn
+                   ? rowsigns::icon(signOf(index.row()), QGuiApplication::palette())
+                   : QVariant();
+    case Qt::AccessibleDescriptionRole:
+        return index.column() == m_signColumn ? rowsigns::word(signOf(index.row())) : QVariant();
     case Qt::BackgroundRole: {
         const QColor &colour = index.row() % 2 == 0 ? m_first : m_second;
         return colour.isValid() ? QVariant(colour) : QVariant();
@@ -253,6 +264,19 @@ QVariant TableModel::data(const QModelIndex &index, int role) const
     default:
         return {};
     }
+}
+
+void TableModel::setSigns(int column, std::function<RowSign(int row)> sign)
+{
+    m_signColumn = sign ? column : -1;
+    m_sign = std::move(sign);
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+RowSign TableModel::signOf(int row) const
+{
+    return m_sign ? m_sign(row) : RowSign::None;
 }
 
 QVariant TableModel::headerData(int section, Qt::Orientation orientation, int role) const

@@ -3,9 +3,12 @@
 #include "lists/keyedlist.h"
 #include "lists/rowstore.h"
 #include "lists/tablesource.h"
+#include "widgets/rowsigns.h"
 
 #include <QAbstractTableModel>
 #include <QColor>
+
+#include <functional>
 
 /// The model of every list: columns once, and rows that are either held as texts or fetched by their keys.
 /// Held rows are sorted by what a column holds; for fetched ones, whoever fetches them is asked to.
@@ -41,6 +44,8 @@ public:
     /// Its cells throw Error when they cannot be read.
     std::shared_ptr<const TableSource> snapshot(std::vector<int> columns) const;
     /// An invalid colour means the palette's. Rows take the two backgrounds in turn.
+    /// What each row bears before the text of `column`; null for no signs. They give way to chosen colours.
+    void setSigns(int column, std::function<RowSign(int row)> sign);
     void setColours(const QColor &text, const QColor &first, const QColor &second);
 
     int rowCount(const QModelIndex &parent = {}) const override;
@@ -56,9 +61,13 @@ Q_SIGNALS:
     void sortRequested(int column, Qt::SortOrder order);
 
 private:
+    RowSign signOf(int row) const;
+
     std::vector<ListColumn> m_columns;
     std::shared_ptr<const RowStore> m_rows;
     std::vector<quint32> m_order; ///< shown row → row of the store
     const KeyedRows *m_keyed = nullptr;
     QColor m_text, m_first, m_second;
+    int m_signColumn = -1;
+    std::function<RowSign(int row)> m_sign;
 };

@@ -14,6 +14,7 @@ Shop::Shop()
     settings::setValue(settings::tipOfTheDay, u"0"_s);
     settings::setValue(settings::dueAlerts, u"0"_s);
     settings::setValue(settings::automaticBackup, u"0"_s);
+    settings::setValue(settings::openToday, u"0"_s);
 }
 
 void Shop::openWithoutWaiting()

@@ -137,7 +137,7 @@ void mainWindow(Pictures &pictures, frmPrincipal &window)
 {
     window.resize(1366, 728);
     auto *tabs = window.findChild<QTabWidget *>(u"tabprincipal"_s);
-    const QString names[] = {u"principal"_s, u"receber"_s, u"movimentos"_s, u"caixas"_s};
+    const QString names[] = {u"principal"_s, u"receber"_s, u"movimentos"_s, u"caixas"_s, u"hoje"_s};
     window.findChild<ListView *>(u"lstpagar"_s)->selectRow(3);
     for (int tab = 0; tab < tabs->count(); ++tab) {
         tabs->setCurrentIndex(tab);
