@@ -6,8 +6,10 @@
 #include "analysis/integratedreport.h"
 #include "analysis/namestatistics.h"
 #include "analysis/statement.h"
+#include "analysis/today.h"
 #include "data.h"
 #include "data/dialect.h"
+#include "data/dialect_dates.h"
 #include "floor.h"
 #include "measures.h"
 #include "settings/database.h"
@@ -67,6 +69,28 @@ void measureCashFlow(Table &table, Floor &floor)
                           floor.readTexts(storeSql(cashflow::query(*side, choice)));
                   }),
               2);
+}
+
+void measureToday(Table &table, Floor &floor)
+{
+    const QDate today(2026, 6, 30);
+    const QString date = dialect::dateExpression(u"vencimento");
+    table.add(u"What is due, and the cash of 90 days"_s,
+              inTurn(
+                  runs,
+                  [&] {
+                      TodayLoad load(openDatabase(), today);
+                      while (!load.run(QDeadlineTimer(QDeadlineTimer::Forever))) {
+                      }
+                  },
+                  [&] {
+                      for (const Side *side : {&payable(), &receivable()})
+                          floor.readTexts(
+                              u"SELECT %1, código, estatus, valor FROM %2 WHERE %1 <= '2026/09/28' "
+                              "ORDER BY %1, código"_s.arg(date, side->table)
+                                  .toUtf8());
+                  }),
+              1.5);
 }
 
 void measureComparison(Table &table, Floor &floor)
@@ -154,6 +178,7 @@ void measureAnalysis(Table &table)
     Floor floor(benchdata::databaseIn(folder));
     measureStatement(table, floor);
     measureCashFlow(table, floor);
+    measureToday(table, floor);
     measureComparison(table, floor);
     measureIntegrated(table, floor);
     measureChart(table, floor);

@@ -64,7 +64,7 @@ void frmCopias::connectControls()
     });
     connect(m_ui->lstcopias->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
         const int row = m_ui->lstcopias->selectedRow();
-        showContents(row < 0 ? QString() : m_copies[std::size_t(row)].path);
+        showContents(row < 0 ? QString() : m_copies[std::size_t(m_ui->lstcopias->table().heldRow(row))].path);
     });
     connect(m_ui->cmdpasta, &QPushButton::clicked, this, &frmCopias::chooseFolder);
     connect(m_ui->cmdagora, &QPushButton::clicked, this, &frmCopias::copyNow);

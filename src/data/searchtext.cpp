@@ -19,6 +19,16 @@ QString plain(QStringView text)
     return result;
 }
 
+void appendPlain(std::string_view utf8, std::string &out)
+{
+    if (std::ranges::all_of(utf8, [](char c) { return static_cast<unsigned char>(c) < 0x80; })) {
+        for (const char c : utf8)
+            out += c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c;
+        return;
+    }
+    out += plain(QString::fromUtf8(utf8.data(), qsizetype(utf8.size()))).toStdString();
+}
+
 bool containsWords(QStringView text, const QString &plainWords)
 {
     const QString searched = plain(text);

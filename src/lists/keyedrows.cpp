@@ -30,6 +30,14 @@ int KeyedRows::rowOf(qint64 key) const
     return found == m_keys->cend() ? -1 : int(found - m_keys->cbegin());
 }
 
+KeyedRows KeyedRows::only(const std::vector<int> &rows) const
+{
+    std::deque<qint64> keys;
+    for (const int row : rows)
+        keys.push_back(key(row));
+    return {m_database, m_serial, m_rowSql, m_columns, std::move(keys)};
+}
+
 std::string_view KeyedRows::cell(int row, int column) const
 {
     const Window &window = windowAt(row);

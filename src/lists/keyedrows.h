@@ -34,6 +34,9 @@ public:
     /// place of the one that the keys are from.
     std::string_view cell(int row, int column) const;
 
+    /// These rows alone.
+    KeyedRows only(const std::vector<int> &rows) const;
+
     void insert(int row, qint64 key);
     void remove(int row);
     void append(std::span<const qint64> keys);

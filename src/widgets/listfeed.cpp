@@ -1,11 +1,13 @@
 #include "widgets/listfeed.h"
 
 #include "settings/database.h"
+#include "widgets/listfinder.h"
 #include "widgets/listview.h"
 #include "widgets/messages.h"
 #include "widgets/waittext.h"
 
 #include <QHeaderView>
+#include <QScopeGuard>
 #include <QSignalBlocker>
 
 #include <utility>
@@ -43,6 +45,16 @@ std::optional<qint64> ListFeed::selectedKey() const
     return row < 0 ? std::nullopt : std::optional(key(row));
 }
 
+/// The list shows all its rows while they change; what is looked for is found again when that is done.
+auto ListFeed::suspendFinding()
+{
+    m_view.finder().suspend();
+    return qScopeGuard([this] {
+        if (!m_work.isRunning())
+            m_view.finder().resume();
+    });
+}
+
 void ListFeed::load(const QString &sql)
 {
     auto fresh = std::make_shared<ListLoad>(openDatabase(), ListQuery(sql, m_choice.sort), m_list.noTotals());
@@ -50,6 +62,7 @@ void ListFeed::load(const QString &sql)
         m_selected = selectedKey();
         m_scrolled = m_view.scrolled();
     }
+    const auto searched = suspendFinding();
     drop();
     m_load = fresh;
     try {
@@ -62,6 +75,7 @@ void ListFeed::load(const QString &sql)
                           [this](const Error &error) {
                               drop();
                               goBack();
+                              m_view.finder().resume();
                               Q_EMIT failed(error);
                           },
                       .total = [fresh] { return fresh->countRows(); },
@@ -109,6 +123,7 @@ void ListFeed::takeOver()
         m_view.selectRow(m_list.rows().rowOf(*m_selected));
     if (!wasPart)
         m_view.scrollBack(m_scrolled);
+    m_view.finder().resume();
     Q_EMIT loaded();
 }
 
@@ -135,6 +150,7 @@ void ListFeed::follow(const Change &change)
         m_view.table().edit(edit, perform);
     };
     const std::optional<qint64> selected = selectedKey();
+    const auto searched = suspendFinding();
     if (!m_list.apply(*connection, change.rows, observer)) {
         load(m_choice.sql);
         return;

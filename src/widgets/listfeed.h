@@ -51,6 +51,7 @@ private:
         std::pair<int, Qt::SortOrder> indicator{-1, Qt::AscendingOrder}; ///< of the heading that was clicked
     };
 
+    auto suspendFinding();
     void showPart();
     void takeOver();
     void drop();

@@ -1,5 +1,6 @@
 #include "widgets/listview.h"
 
+#include "widgets/listfinder.h"
 #include "widgets/listmenu.h"
 #include "widgets/messages.h"
 
@@ -112,6 +113,7 @@ ListView::ListView(QWidget *parent) : QTableView(parent), m_table(new TableModel
     header()->setSortIndicator(-1, Qt::AscendingOrder);
     setSortingEnabled(true);
     m_menu = new ListMenu(*this);
+    m_finder = new ListFinder(*this);
     connect(this, &QTableView::doubleClicked, this,
             [this](const QModelIndex &index) { Q_EMIT rowActivated(index.row()); });
 }
@@ -129,16 +131,19 @@ void ListView::setRows(RowStore rows)
     const int selected = selectedRow();
     const QString key = selected >= 0 ? cell(selected, 0) : QString();
     const QPoint place = scrolled();
+    m_finder->suspend();
     m_shown.reset();
     m_table->setRows(std::move(rows));
     header()->setSortIndicator(-1, Qt::AscendingOrder);
     if (!key.isEmpty())
         selectRow(firstRowWithKey(*m_table, key));
     scrollBack(place);
+    m_finder->resume();
 }
 
 void ListView::setTable(std::shared_ptr<const StoredTable> table)
 {
+    m_finder->suspend();
     const bool wasEmpty = m_shown && m_shown->rowCount() == 0; // its columns fit its headings alone
     if (wasEmpty ||
         !std::ranges::equal(table->columns(), m_table->columns(), {}, &ListColumn::title, &ListColumn::title))
@@ -146,6 +151,7 @@ void ListView::setTable(std::shared_ptr<const StoredTable> table)
     m_table->setRows(table->rows());
     header()->setSortIndicator(-1, Qt::AscendingOrder);
     m_shown = std::move(table);
+    m_finder->resume();
 }
 
 std::optional<RowOrigin> ListView::origin(int row) const
@@ -252,6 +258,17 @@ void ListView::applyLayout(const ListLayout &layout)
     }
 }
 
+/// The keys of a list go before the commands of its window.
+bool ListView::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride &&
+        static_cast<QKeyEvent *>(event)->matches(QKeySequence::Find)) {
+        event->accept();
+        return true;
+    }
+    return QTableView::event(event);
+}
+
 void ListView::keyPressEvent(QKeyEvent *event)
 {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -260,6 +277,8 @@ void ListView::keyPressEvent(QKeyEvent *event)
         copySelection();
     else if (event->matches(QKeySequence::Save))
         m_menu->open();
+    else if (event->matches(QKeySequence::Find))
+        m_finder->open();
     else if (event->matches(QKeySequence::Delete) && row >= 0)
         Q_EMIT removeRequested();
     else if (event->key() == Qt::Key_Insert && event->modifiers() == Qt::NoModifier)

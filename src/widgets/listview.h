@@ -8,12 +8,13 @@
 
 #include <memory>
 
+class ListFinder;
 class ListMenu;
 
 /// A list of rows with headings: whole rows are selected, several at once; columns can be moved, resized and
 /// sorted by a click (a third click gives the rows' own order back); Ctrl+C copies the selected rows as text
 /// with tabs. A cell that is cut off shows its whole text as a hint. The headings have a menu, which Ctrl+S
-/// opens.
+/// opens; Ctrl+F narrows the list.
 class ListView : public QTableView
 {
     Q_OBJECT
@@ -49,6 +50,8 @@ public:
 
     /// Text shown in the middle while the list is empty.
     void setEmptyText(const QString &text);
+    /// While whoever owns the rows changes them, all are shown.
+    ListFinder &finder() { return *m_finder; }
     /// The list as it is shown, for printing and export: columns in their order on the screen, without the
     /// row key unless it was widened. What the list shows later does not change it.
     std::shared_ptr<const TableSource> tableSource() const;
@@ -67,6 +70,7 @@ Q_SIGNALS:
     void wholeListWanted();
 
 protected:
+    bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void changeEvent(QEvent *event) override;
@@ -82,6 +86,7 @@ private:
 
     TableModel *m_table;
     ListMenu *m_menu;
+    ListFinder *m_finder;
     std::shared_ptr<const StoredTable> m_shown; ///< of setTable()
     QString m_emptyText;
     std::vector<double> m_givenWidths; ///< of applyLayout(), finer than pixels

@@ -143,9 +143,38 @@ void TableModel::setRows(std::shared_ptr<const RowStore> rows)
     beginResetModel();
     m_keyed = nullptr;
     m_rows = std::move(rows);
+    m_kept.clear();
     m_order.resize(std::size_t(m_rows->rowCount()));
     std::iota(m_order.begin(), m_order.end(), 0U);
     endResetModel();
+}
+
+void TableModel::keepOnly(const std::vector<int> &rows)
+{
+    beginResetModel();
+    m_kept.assign(std::size_t(m_rows->rowCount()), false);
+    for (const int row : rows)
+        m_kept[m_order[std::size_t(row)]] = true;
+    dropOthers();
+    endResetModel();
+}
+
+void TableModel::keepAll()
+{
+    if (m_kept.empty())
+        return;
+    beginResetModel();
+    m_order = std::exchange(m_whole, {});
+    m_kept.clear();
+    endResetModel();
+}
+
+void TableModel::dropOthers()
+{
+    if (m_kept.empty())
+        return;
+    m_whole = m_order;
+    std::erase_if(m_order, [this](quint32 row) { return !m_kept[row]; });
 }
 
 void TableModel::showKeyed(const KeyedRows *rows)
@@ -312,11 +341,12 @@ void TableModel::sort(int column, Qt::SortOrder order)
     if (column >= 0) {
         m_order = sortedRows(*m_rows, column, m_columns[std::size_t(column)].kind, order);
     } else {
-        m_order.resize(previous.size());
+        m_order.resize(std::size_t(m_rows->rowCount()));
         std::iota(m_order.begin(), m_order.end(), 0U);
     }
+    dropOthers();
     if (!before.isEmpty()) {
-        std::vector<int> shownAt(m_order.size());
+        std::vector<int> shownAt(std::size_t(m_rows->rowCount()));
         for (std::size_t row = 0; row < m_order.size(); ++row)
             shownAt[m_order[row]] = int(row);
         QModelIndexList after;

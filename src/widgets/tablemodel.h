@@ -27,6 +27,10 @@ public:
     /// Which of the held rows is shown in a row.
     int heldRow(int row) const { return int(m_order[std::size_t(row)]); }
 
+    /// Of the held rows shows only these of those that are shown; sorting does not bring the others back.
+    void keepOnly(const std::vector<int> &rows);
+    void keepAll();
+
     /// Shows rows that are fetched by their keys; they are somebody else's and live as long as they are
     /// shown.
     void showKeyed(const KeyedRows *rows);
@@ -62,10 +66,13 @@ Q_SIGNALS:
 
 private:
     RowSign signOf(int row) const;
+    void dropOthers();
 
     std::vector<ListColumn> m_columns;
     std::shared_ptr<const RowStore> m_rows;
     std::vector<quint32> m_order; ///< shown row → row of the store
+    std::vector<bool> m_kept;     ///< by row of the store; empty when all are shown
+    std::vector<quint32> m_whole; ///< m_order of all rows, while not all are shown
     const KeyedRows *m_keyed = nullptr;
     QColor m_text, m_first, m_second;
     int m_signColumn = -1;

@@ -32,6 +32,7 @@
 #include "stock/frmcadproduto.h"
 #include "stock/frmconfetiqueta.h"
 #include "widgets/frmcarregando.h"
+#include "widgets/listfinder.h"
 #include "widgets/listview.h"
 
 #include <QAction>
@@ -46,6 +47,7 @@
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QToolButton>
 
 #include <algorithm>
 #include <cstdio>
@@ -144,6 +146,11 @@ void mainWindow(Pictures &pictures, frmPrincipal &window)
         pictures.take(window, names[tab]);
     }
     tabs->setCurrentIndex(MainTabs::Payables);
+    auto &list = *window.findChild<ListView *>(u"lstpagar"_s);
+    list.finder().open();
+    list.findChild<QLineEdit *>(u"txtlocalizar"_s)->setText(u"pao congelado"_s);
+    pictures.take(window, u"localizar"_s);
+    list.findChild<QToolButton *>(u"cmdlocalizarfechar"_s)->click();
 }
 
 /// Something to look at in the journal.
