@@ -10,6 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int monthLetters = 8; ///< of a stored date: "2026/11/"
+
 const Side &sideAt(std::size_t number)
 {
     return number == 0 ? payable() : receivable();
@@ -50,6 +52,9 @@ TodayLoad::TodayLoad(std::shared_ptr<Connection> connection, QDate today)
     : m_connection(std::move(connection))
 {
     m_facts.day = today;
+    m_today = dates::stored(today).toStdString();
+    m_thisMonth = dates::stored(today).left(monthLetters).toStdString();
+    m_monthBefore = dates::stored(today.addMonths(-1)).left(monthLetters).toStdString();
     m_facts.due = std::make_shared<StoredTable>(dueColumns());
     startSide();
 }
@@ -92,47 +97,52 @@ bool TodayLoad::run(const QDeadlineTimer &until)
     return true;
 }
 
+/// The stored form of a date orders as the dates do, so most rows are told apart without reading it.
 void TodayLoad::readRow()
 {
-    const QDate due = dates::read(m_rows->text(0));
-    const QDate today = m_facts.day;
+    const std::string_view date = m_rows->utf8(0);
     TodayFacts::OfSide &side = m_facts.sides[m_side];
     const auto add = [this](Figures::Part &part) {
         ++part.count;
         part.sum += Money::stored(m_rows->utf8(3));
     };
     if (m_rows->utf8(2) != status::pendingUtf8) {
-        const int month = (today.year() - due.year()) * 12 + today.month() - due.month();
-        if (month == 0 && due <= today)
+        if (date.starts_with(m_thisMonth) && date <= m_today)
             add(side.thisMonth);
-        else if (month == 1)
+        else if (date.starts_with(m_monthBefore))
             add(side.monthBefore);
         return;
     }
-    const qint64 days = today.daysTo(due);
-    Sum &flow = m_facts.flow[std::size_t(std::max<qint64>(days, 0))];
-    const Money value = Money::stored(m_rows->utf8(3));
-    addSigned(flow, value, m_side == 0 ? -1 : 1);
+    const bool isOverdue = date < m_today;
+    const QDate due = isOverdue ? QDate() : dates::read(m_rows->text(0));
+    const qint64 days = isOverdue ? -1 : m_facts.day.daysTo(due);
+    addSigned(m_facts.flow[std::size_t(std::max<qint64>(days, 0))], Money::stored(m_rows->utf8(3)),
+              m_side == 0 ? -1 : 1);
     if (days > TodayFacts::soon)
         return;
-    add(days < 0 ? side.overdue : days == 0 ? side.today : side.soon);
+    add(isOverdue ? side.overdue : days == 0 ? side.today : side.soon);
     if (m_rowsOfSide++ < today::mostRows)
-        m_due.push_back({&sideAt(m_side), m_rows->integer(1), due});
+        m_due.push_back({&sideAt(m_side), m_rows->integer(1), dates::read(m_rows->text(0))});
 }
 
 void TodayLoad::readDueRows()
 {
+    std::vector<Statement> rowOf;
+    for (std::size_t side = 0; side < 2; ++side)
+        rowOf.push_back(m_connection->prepareNative(u"SELECT valor, descricao, %1 FROM %2 WHERE código = ?"_s
+                                                        .arg(sideAt(side).contactColumn, sideAt(side).table)
+                                                        .toUtf8()));
     std::ranges::stable_sort(m_due, {}, &Due::date);
     for (const Due &due : std::exchange(m_due, {})) {
-        Statement row = m_connection->prepareNative(u"SELECT valor, descricao, %1 FROM %2 WHERE código = ?"_s
-                                                        .arg(due.side->contactColumn, due.side->table)
-                                                        .toUtf8());
+        const bool isPayable = due.side == &payable();
+        Statement &row = rowOf[isPayable ? 0 : 1];
+        row.reset();
         row.bind(1, due.code);
         if (!row.step())
             continue;
         const QByteArray cells[] = {whenText(due.date, m_facts.day).toUtf8(),
                                     dates::shown(due.date).toUtf8(),
-                                    due.side == &payable() ? "Pagar" : "Receber",
+                                    isPayable ? "Pagar" : "Receber",
                                     Money::stored(row.utf8(0)).inReais().toUtf8(),
                                     row.text(1).toUtf8(),
                                     row.text(2).toUtf8()};

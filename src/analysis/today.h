@@ -56,6 +56,7 @@ private:
 
     std::shared_ptr<Connection> m_connection;
     TodayFacts m_facts;
+    std::string m_today, m_thisMonth, m_monthBefore; ///< as stored dates have them
     std::size_t m_side = 0;
     std::optional<Statement> m_rows; ///< while there is something to read
     std::vector<Due> m_due;
