@@ -21,6 +21,7 @@
 #include "data/clock.h"
 #include "data/dates.h"
 #include "entries/entrypane.h"
+#include "entries/regular.h"
 #include "mail/frmviaemail.h"
 #include "settings/database.h"
 #include "settings/tips.h"
@@ -111,6 +112,7 @@ void frmPrincipal::start()
     connect(&m_day, &DayWatch::changed, this, [this] {
         showDate();
         alertDue();
+        postRegulars();
         backupcommands::copyIfDue(this);
     });
     QCoreApplication::sendPostedEvents(); // the rest of the lists is read when the window has answered
@@ -128,6 +130,19 @@ void frmPrincipal::alertDue()
         frmAlerta::open(this);
 }
 
+/// What regular entries are due soon is put in before anybody looks at the lists.
+void frmPrincipal::postRegulars()
+{
+    if (!m_access->isIn())
+        return;
+    messages::guarded(this, messages::generalPrefix, [this] {
+        int posted = 0;
+        m_tabs->followQuietly([&posted] { posted = regular::post(*openDatabase(), programclock::today()); });
+        if (posted > 0)
+            statusBar()->showMessage(u"Contas regulares lançadas: %1"_s.arg(posted));
+    });
+}
+
 /// Reads everything anew: the tab in front at once, the others as time allows.
 void frmPrincipal::reloadAll()
 {
@@ -140,8 +155,10 @@ void frmPrincipal::reloadAll()
     }
     if (!isIn)
         return;
-    if (!wasIn)
+    if (!wasIn) {
+        postRegulars();
         QMetaObject::invokeMethod(this, &frmPrincipal::alertDue, Qt::QueuedConnection);
+    }
     m_tabs->readAll();
 }
 

@@ -37,6 +37,7 @@ private:
     void dataChanged(const Change &change);
     void showDate();
     void alertDue();
+    void postRegulars();
     void reloadAll();
     void tryToOpen();
     void applySettings();

@@ -23,6 +23,7 @@ constexpr Section sections[] = {
     {u"desfazer", u" frmhistorico "},
     {u"movimentos", u" frmmovimentobanc "},
     {u"parcelas", u" frmmultiplos "},
+    {u"regulares", u" frmregulares frmcadregular "},
     {u"centros", u" frmcentrocusto "},
     {u"estoque", u" frmestoque frmcadproduto "},
     {u"agenda", u" frmcompromisso frmcadcompromisso frmretcompromisso frmcalendario frmalerta "},

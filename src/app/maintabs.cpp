@@ -11,6 +11,7 @@
 #include "widgets/background.h"
 #include "widgets/liststyle.h"
 
+#include <QScopedValueRollback>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QTabWidget>
@@ -94,11 +95,17 @@ void MainTabs::follow(const Change &change)
         m_accounts->skip();
         return;
     }
-    if (!ownCommand && !m_today->isCommanding())
+    if (!ownCommand && !m_isQuiet && !m_today->isCommanding())
         show(pane ? Tab(listPanes().indexOf(pane)) : Accounts);
     if (pane)
         pane->follow(change);
     m_accounts->follow(change);
+}
+
+void MainTabs::followQuietly(const std::function<void()> &work)
+{
+    const QScopedValueRollback quiet(m_isQuiet, true);
+    work();
 }
 
 void MainTabs::restore()

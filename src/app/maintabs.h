@@ -5,6 +5,7 @@
 
 #include <QObject>
 
+#include <functional>
 #include <vector>
 
 class AccountPane;
@@ -38,6 +39,8 @@ public:
     /// Reads everything anew: the tab in front at once, the others as time allows.
     void readAll();
     void follow(const Change &change);
+    /// What `work` announces is followed, but brings no tab to the front.
+    void followQuietly(const std::function<void()> &work);
     /// Puts the filters and the columns in the state in which they were left.
     void restore();
     /// Keeps the columns as they are now. Throws Error::Kind::File.
@@ -56,5 +59,6 @@ private:
     AccountPane *m_accounts;
     TodayPane *m_today;
     ListReader *m_reader;
+    bool m_isQuiet = false;
     bool m_layoutShown = false; ///< the saved column layout was applied, so what is shown may replace it
 };

@@ -14,6 +14,7 @@
 #include "entries/frmjurosdesconto.h"
 #include "entries/frmjurosparcelado.h"
 #include "entries/frmrecibo.h"
+#include "entries/frmregulares.h"
 #include "entries/frmvisualizar.h"
 #include "entries/periodview.h"
 #include "history/frmhistorico.h"
@@ -62,6 +63,7 @@ constexpr ScreenCommand commands[] = {
     {u"mnusobre", tellAbout},
     {u"mnuestsoftware", [](QWidget *parent) { frmEstSoftware::open(parent); }},
     {u"mnudicadia", [](QWidget *parent) { frmDica::open(parent); }},
+    {u"mnuregulares", [](QWidget *parent) { frmRegulares::open(parent); }},
     {u"mnucopias", [](QWidget *parent) { frmCopias::open(parent); }},
     {u"mnuhistorico", [](QWidget *parent) { frmHistorico::open(parent); }},
     {u"mnucomp", [](QWidget *parent) { frmCompromisso::open(parent); }},

@@ -18,6 +18,7 @@ enum class Subject {
     ProfitCentres,
     Products,
     Appointments,
+    Regulars, ///< rules for entries that come again
     Settings,
     Database ///< another file stands where the database was: everything that was read is void
 };

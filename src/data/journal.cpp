@@ -74,9 +74,10 @@ const Author &author()
 
 const QStringList &tables()
 {
-    static const QStringList tables{u"pagar"_s,   u"receber"_s,     u"bancario"_s,    u"banco"_s,
-                                    u"cliente"_s, u"fornecedor"_s,  u"pcontapagar"_s, u"pcontareceber"_s,
-                                    u"produto"_s, u"compromisso"_s, u"fpagamento"_s,  u"CamposEtiqueta"_s};
+    static const QStringList tables{u"pagar"_s,      u"receber"_s,     u"bancario"_s,    u"banco"_s,
+                                    u"cliente"_s,    u"fornecedor"_s,  u"pcontapagar"_s, u"pcontareceber"_s,
+                                    u"produto"_s,    u"compromisso"_s, u"fpagamento"_s,  u"CamposEtiqueta"_s,
+                                    u"recorrencia"_s};
     return tables;
 }
 

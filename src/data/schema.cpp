@@ -114,6 +114,27 @@ CREATE TABLE IF NOT EXISTS historico_linha (
     linha INTEGER,
     antes TEXT,
     depois TEXT);
+CREATE TABLE IF NOT EXISTS recorrencia (
+    codigo INTEGER PRIMARY KEY AUTOINCREMENT,
+    tabela TEXT,
+    ritmo TEXT,
+    origem TEXT COLLATE NOCASE,
+    contato TEXT COLLATE NOCASE,
+    descricao TEXT COLLATE NOCASE,
+    documento TEXT COLLATE NOCASE,
+    informacoes TEXT COLLATE NOCASE,
+    valor TEXT,
+    moeda TEXT COLLATE NOCASE,
+    fim TEXT,
+    adiante TEXT);
+CREATE TABLE IF NOT EXISTS recorrencia_estado (
+    codigo INTEGER PRIMARY KEY,
+    proximo TEXT,
+    restantes INTEGER);
+CREATE TABLE IF NOT EXISTS recorrencia_lancada (
+    recorrencia INTEGER,
+    lancamento INTEGER,
+    PRIMARY KEY (recorrencia, lancamento)) WITHOUT ROWID;
 PRAGMA user_version = 1;
 )";
 

@@ -40,6 +40,7 @@ const TableRule &ruleOf(const QString &table)
         {u"produto", Subject::Products, u"produto"_s, u"qtde"_s},
         {u"compromisso", Subject::Appointments},
         {u"fpagamento", {}, u"pagamento"_s},
+        {u"recorrencia", Subject::Regulars},
     };
     const auto found = std::ranges::find(rules, QStringView(table), &TableRule::table);
     return found == std::end(rules) ? none : *found;

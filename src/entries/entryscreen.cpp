@@ -24,7 +24,8 @@ void EntryScreen::setUp(const Controls &controls)
     prepare();
     topmost::set(this, u"ativo");
     boxes::offerWhileTyping(controls.description);
-    controls.status->addItems(status::words());
+    if (controls.status)
+        controls.status->addItems(status::words());
     controls.currency->addItems(entry::currencies());
     controls.date->setDate(programclock::today());
     stepBackFor(controls.date);

@@ -16,7 +16,8 @@ class EntryScreen : public Screen
     Q_OBJECT
 
 protected:
-    /// The controls that every such screen has; `product` may be null.
+    /// The controls that every such screen has; `status` and `product` may be
+    /// null.
     struct Controls
     {
         QComboBox *status, *account, *contact, *description, *currency, *product;

@@ -35,6 +35,7 @@ const TableWords &wordsOf(const QString &table)
         {u"produto", u"produto"_s, {u"produto"_s}},
         {u"compromisso", u"compromisso"_s, {u"Titulo"_s, u"data"_s}},
         {u"fpagamento", u"forma de pagamento"_s, {u"pagamento"_s}},
+        {u"recorrencia", u"conta regular"_s, {u"descricao"_s, u"contato"_s, u"valor"_s}},
         {u"CamposEtiqueta", u"campo de etiqueta"_s, {u"Campo"_s}},
     };
     const auto found = std::ranges::find(all, QStringView(table), &TableWords::table);
@@ -82,7 +83,12 @@ const QHash<QString, QString> &fieldNames()
                                                {u"email"_s, u"E-mail"_s},
                                                {u"site"_s, u"Site"_s},
                                                {u"nascimento"_s, u"Nascimento"_s},
-                                               {u"adicionais"_s, u"Informações"_s}};
+                                               {u"adicionais"_s, u"Informações"_s},
+                                               {u"contato"_s, u"Fornecedor ou cliente"_s},
+                                               {u"ritmo"_s, u"Quando"_s},
+                                               {u"fim"_s, u"Termina"_s},
+                                               {u"adiante"_s, u"Dias de antecedência"_s},
+                                               {u"tabela"_s, u"Tabela"_s}};
     return names;
 }
 

@@ -16,9 +16,11 @@
 #include "entries/entry.h"
 #include "entries/frmadicionar.h"
 #include "entries/frmcadcli.h"
+#include "entries/frmcadregular.h"
 #include "entries/frmcentrocusto.h"
 #include "entries/frmcliente.h"
 #include "entries/frmmultiplos.h"
+#include "entries/frmregulares.h"
 #include "entries/frmvisualizar.h"
 #include "entries/side.h"
 #include "history/frmhistorico.h"
@@ -163,6 +165,40 @@ void history(Pictures &pictures, frmPrincipal &window)
     frmHistorico *screen = frmHistorico::open(&window);
     screen->findChild<ListView *>(u"lsthistorico"_s)->selectRow(2);
     pictures.takeAndClose(screen, u"historico"_s);
+}
+
+void regularEntries(Pictures &pictures, frmPrincipal &window)
+{
+    const auto rule = [](const Side &side, const QString &what, const QString &who, const QString &value,
+                         Rhythm rhythm, const QString &next, const QString &until) {
+        regular::save(*openDatabase(), 0,
+                      {.side = &side,
+                       .account = u"Caixa da loja"_s,
+                       .contact = who,
+                       .description = what,
+                       .document = {},
+                       .notes = {},
+                       .value = value,
+                       .currency = u"R$"_s,
+                       .rhythm = rhythm,
+                       .next = next,
+                       .until = until,
+                       .times = {},
+                       .ahead = u"10"_s});
+    };
+    rule(payable(), u"Aluguel"_s, u"Imobiliária Centro"_s, u"2.400,00"_s, Rhythm::Monthly, u"10/12/2026"_s,
+         {});
+    rule(payable(), u"Salários e encargos"_s, u"Folha de pagamento"_s, u"5.350,00"_s, Rhythm::Monthly,
+         u"05/12/2026"_s, {});
+    rule(payable(), u"Seguro da loja"_s, u"Seguradora Atlântica"_s, u"1.890,00"_s, Rhythm::Yearly,
+         u"15/03/2027"_s, u"15/03/2030"_s);
+    rule(receivable(), u"Assinatura de cestas"_s, u"Ana Alves da Silva"_s, u"120,00"_s, Rhythm::Weekly,
+         u"27/11/2026"_s, {});
+    frmRegulares *list = frmRegulares::open(&window);
+    list->findChild<ListView *>(u"lstregulares"_s)->selectRow(0);
+    pictures.take(*list, u"regulares"_s);
+    pictures.takeAndClose(frmCadRegular::openEdit(1, list, 0), u"editarregular"_s);
+    list->close();
 }
 
 void copies(Pictures &pictures, frmPrincipal &window)
@@ -454,5 +490,6 @@ int main(int argc, char *argv[])
     reports(pictures, window);
     history(pictures, window);
     copies(pictures, window);
+    regularEntries(pictures, window);
     return pictures.failed() ? 1 : 0;
 }
