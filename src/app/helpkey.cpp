@@ -21,6 +21,7 @@ constexpr Section sections[] = {
     {u"lancar", u" frmadicionar "},
     {u"contatos", u" frmcliente frmcadcli frmconfetiqueta "},
     {u"desfazer", u" frmhistorico "},
+    {u"procurar", u" frmprocurar "},
     {u"movimentos", u" frmmovimentobanc "},
     {u"parcelas", u" frmmultiplos "},
     {u"regulares", u" frmregulares frmcadregular "},

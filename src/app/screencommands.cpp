@@ -2,6 +2,7 @@
 
 #include "agenda/frmcalendario.h"
 #include "agenda/frmcompromisso.h"
+#include "analysis/frmprocurar.h"
 #include "app/backupcommands.h"
 #include "app/externaltools.h"
 #include "app/frmcopias.h"
@@ -24,7 +25,10 @@
 
 #include <QAction>
 #include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QLineEdit>
 #include <QMainWindow>
+#include <QMenuBar>
 
 using namespace Qt::StringLiterals;
 
@@ -65,6 +69,7 @@ constexpr ScreenCommand commands[] = {
     {u"mnudicadia", [](QWidget *parent) { frmDica::open(parent); }},
     {u"mnuregulares", [](QWidget *parent) { frmRegulares::open(parent); }},
     {u"mnucopias", [](QWidget *parent) { frmCopias::open(parent); }},
+    {u"mnuprocurar", [](QWidget *parent) { frmProcurar::open(parent); }},
     {u"mnuhistorico", [](QWidget *parent) { frmHistorico::open(parent); }},
     {u"mnucomp", [](QWidget *parent) { frmCompromisso::open(parent); }},
     {u"mnucal", [](QWidget *parent) { frmCalendario::open(parent); }},
@@ -85,6 +90,28 @@ constexpr ScreenCommand commands[] = {
     {u"mnuvisanobancario", openView<bankView, ViewPeriod::Year>},
 };
 
+/// A field at the end of the menu bar: Enter looks for what is typed there.
+void addSearchBox(QMainWindow &window)
+{
+    auto *corner = new QWidget(window.menuBar());
+    auto *box = new QLineEdit(corner);
+    box->setObjectName(u"txtprocurartudo"_s);
+    box->setPlaceholderText(u"Procurar em tudo"_s);
+    box->setAccessibleName(u"Procurar em tudo"_s);
+    box->setToolTip(u"Palavras, um valor ou uma data; Enter procura"_s);
+    box->setClearButtonEnabled(true);
+    box->setMinimumWidth(box->fontMetrics().averageCharWidth() * 28);
+    auto *layout =
+        new QHBoxLayout(corner); // a menu bar asks for a hint of the width, which a field has none of
+    layout->setContentsMargins(0, 2, 4, 2);
+    layout->addWidget(box);
+    window.menuBar()->setCornerWidget(corner);
+    QObject::connect(box, &QLineEdit::returnPressed, &window, [box, &window] {
+        if (!box->text().trimmed().isEmpty())
+            frmProcurar::open(&window, box->text());
+    });
+}
+
 } // namespace
 
 void connectScreenCommands(QMainWindow &window)
@@ -96,4 +123,5 @@ void connectScreenCommands(QMainWindow &window)
                          [&window, open = command.open] { open(&window); });
     }
     new HelpKey(&window);
+    addSearchBox(window);
 }

@@ -2,6 +2,7 @@
 
 #include "agenda/frmalerta.h"
 #include "agenda/frmcompromisso.h"
+#include "analysis/frmprocurar.h"
 #include "analysis/frmrelatorio.h"
 #include "app/backupcommands.h"
 #include "app/frmconfigsoft.h"
@@ -194,6 +195,7 @@ void regularEntries(Pictures &pictures, frmPrincipal &window)
          u"15/03/2027"_s, u"15/03/2030"_s);
     rule(receivable(), u"Assinatura de cestas"_s, u"Ana Alves da Silva"_s, u"120,00"_s, Rhythm::Weekly,
          u"27/11/2026"_s, {});
+    pictures.takeAndClose(frmProcurar::open(&window, u"pao queijo 2026"_s), u"procurar"_s);
     frmRegulares *list = frmRegulares::open(&window);
     list->findChild<ListView *>(u"lstregulares"_s)->selectRow(0);
     pictures.take(*list, u"regulares"_s);
