@@ -86,7 +86,7 @@ void TodayPane::refresh()
 void TodayPane::follow(const Change &change)
 {
     if (change.subject != Subject::Payables && change.subject != Subject::Receivables &&
-        change.subject != Subject::Database)
+        change.subject != Subject::Accounts && change.subject != Subject::Database)
         return;
     m_isStale = true;
     if (isVisible())
@@ -106,6 +106,7 @@ void TodayPane::showFacts()
     showTable(*m_ui->lstmeses, today::months(m_facts));
     showTable(*m_ui->lsthoje, m_facts.due);
     showProjection();
+    messages::guarded(window(), messages::generalPrefix, [this] { m_ui->primeirospassos->refresh(); });
     const QString warning = autobackup::warning(m_facts.day);
     m_ui->lblaviso->setText(u"⚠ %1 <a href=\"copias\">Ver as cópias</a>"_s.arg(warning.toHtmlEscaped()));
     m_ui->lblaviso->setVisible(!warning.isEmpty());

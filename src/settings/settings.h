@@ -28,6 +28,8 @@ inline constexpr Key installation{general, u"Instalacao", u""};
 inline constexpr Key automaticBackup{general, u"BackupAutomatico", u"1"};
 /// The program opens on the page of what is due today.
 inline constexpr Key openToday{general, u"AbrirHoje", u"1"};
+/// Somebody with an empty file is led to the first entry.
+inline constexpr Key firstSteps{general, u"PrimeirosPassos", u"1"};
 /// Entries that are overdue, due today or settled bear a sign in the lists.
 inline constexpr Key rowSigns{general, u"SinaisListas", u"1"};
 /// Empty: a folder of the program folder.

@@ -86,6 +86,7 @@ private Q_SLOTS:
     void cashRunsOutOnTheRightDay();
     void pageIsFirstAndFollows();
     void settlingStaysOnThePage();
+    void emptyFileLeadsToTheFirstEntry();
     void rowsBearSigns();
     void signsCanBeRead();
 };
@@ -169,6 +170,42 @@ void tst_today::settlingStaysOnThePage()
     shop.command(u"mnudesfazer"_s);
     shop.find<QTabWidget>(u"tabprincipal"_s)->setCurrentIndex(MainTabs::Today);
     QTRY_COMPARE(shop.list(u"lsthoje"_s)->rowCount(), 4);
+}
+
+void tst_today::emptyFileLeadsToTheFirstEntry()
+{
+    Shop shop;
+    settings::setValue(settings::openToday, u"1"_s);
+    addRow(shop.program, u"fornecedor"_s, u"nome=Ana"_s);
+    shop.open();
+    const auto steps = [&shop] {
+        QString signs;
+        for (const QString &name : {u"lblpasso1"_s, u"lblpasso2"_s, u"lblpasso3"_s})
+            signs += shop.window->findChild<QLabel *>(name)->text();
+        return signs;
+    };
+    const auto goBack = [&shop] {
+        shop.find<QTabWidget>(u"tabprincipal"_s)->setCurrentIndex(MainTabs::Today);
+    };
+    QTRY_COMPARE(steps(), u"○○○"_s);
+    QVERIFY(!shop.find<QPushButton>(u"cmdpassosaldo"_s)->isEnabled());
+    shop.press(u"cmdpassoconta"_s);
+    shop.fill(u"txtnome=Gaveta, txtvalor=0"_s);
+    shop.press(u"cmdinserir"_s);
+    goBack();
+    QTRY_COMPARE(steps(), u"✓○○"_s);
+    shop.press(u"cmdpassosaldo"_s);
+    shop.type(u"txtvalor"_s, u"250"_s);
+    shop.press(u"cmdinserir"_s);
+    goBack();
+    QTRY_COMPARE(steps(), u"✓✓○"_s);
+    shop.press(u"cmdpassodespesa"_s);
+    shop.fill(u"txtdescricao=Luz, cbotipo=Ana, txtvalor=10, txtvencimento=20/11/2026"_s);
+    shop.press(u"cmdinserir"_s);
+    goBack();
+    QTRY_COMPARE(steps(), u"✓✓✓"_s);
+    QVERIFY(!shop.window->findChild<QWidget *>(u"grpprimeirospassos"_s)->isVisible());
+    QCOMPARE(shop.program.rows(u"select saldo from banco"_s), u"250,00\n"_s);
 }
 
 void tst_today::rowsBearSigns()

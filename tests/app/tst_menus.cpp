@@ -4,9 +4,13 @@
 #include "support/paper.h"
 #include "support/shop.h"
 
+#include <QAbstractSpinBox>
+#include <QAccessible>
 #include <QDirIterator>
+#include <QHeaderView>
 #include <QMenu>
 #include <QMenuBar>
+#include <QTextEdit>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -28,6 +32,34 @@ int shownDialogs(const Shop &shop)
     for (const QDialog *dialog : shop.window->findChildren<QDialog *>())
         count += dialog->isVisible() && dialog->isWindow();
     return count;
+}
+
+/// The controls on the screen that say nothing to somebody who cannot see them.
+QStringList namelessControls()
+{
+    QStringList nameless;
+    for (QWidget *control : QApplication::allWidgets()) {
+        const bool takesInput =
+            qobject_cast<QLineEdit *>(control) || qobject_cast<QComboBox *>(control) ||
+            qobject_cast<QAbstractButton *>(control) || qobject_cast<QAbstractItemView *>(control) ||
+            qobject_cast<QPlainTextEdit *>(control) || qobject_cast<QTextEdit *>(control) ||
+            qobject_cast<QAbstractSpinBox *>(control);
+        const QObject *parent = control->parentWidget(); // what a control is made of speaks through it
+        const bool isPart =
+            qobject_cast<const QComboBox *>(parent) || qobject_cast<const QAbstractSpinBox *>(parent) ||
+            qobject_cast<const QLineEdit *>(parent) || qobject_cast<const QTabBar *>(parent) ||
+            control->objectName().startsWith(u"qt_"_s) || qobject_cast<QHeaderView *>(control) ||
+            qobject_cast<const QAbstractScrollArea *>(parent) || qobject_cast<const QMenuBar *>(parent) ||
+            control->inherits("QToolBarExtension");
+        if (!takesInput || isPart || !control->isVisible())
+            continue;
+        const QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(control);
+        if (!spoken || spoken->text(QAccessible::Name).trimmed().isEmpty())
+            nameless << QLatin1StringView(control->window()->metaObject()->className()) + u'.' +
+                            control->objectName();
+    }
+    nameless.removeDuplicates();
+    return nameless;
 }
 
 /// The commands of the menus that open screens.
@@ -84,15 +116,19 @@ void tst_menus::everyCommandShowsSomething()
                              u"mnubloquearsoft"_s};
     const QList<QAction *> commands = reportCommands(shop);
     QVERIFY(commands.size() > 80);
+    QStringList nameless;
     for (QAction *command : commands) {
         if (silent.contains(command->objectName()))
             continue;
         command->trigger();
+        nameless += namelessControls();
         const bool told = !shop.told().isEmpty();
         QVERIFY2(told || shownDialogs(shop) > 0, qPrintable(command->objectName()));
         QVERIFY2(!told || empty || shownDialogs(shop) == 0, qPrintable(command->objectName()));
         closeAll(shop);
     }
+    nameless.removeDuplicates();
+    QCOMPARE(nameless.join(u'\n'), QString());
     for (const QMenu *menu : shop.window->findChildren<QMenu *>()) {
         QStringList letters;
         for (const QAction *action : menu->actions())
