@@ -140,17 +140,16 @@ void TodayPane::settle()
 {
     if (m_ui->lsthoje->selectedRowOrTell(u"Hoje"_s, u"Selecione um lançamento na lista."_s) < 0)
         return;
+    QStringList payables, receivables;
+    quint64 file = 0;
+    for (const int row : m_ui->lsthoje->selectedRows()) // settling reads the list anew
+        if (const auto origin = m_ui->lsthoje->origin(row)) {
+            (origin->subject == Subject::Payables ? payables : receivables) << QString::number(origin->key);
+            file = origin->file;
+        }
     const QScopedValueRollback commanding(m_isCommanding, true);
-    for (const Subject subject : {Subject::Payables, Subject::Receivables}) {
-        QStringList codes;
-        quint64 file = 0;
-        for (const int row : m_ui->lsthoje->selectedRows())
-            if (const auto origin = m_ui->lsthoje->origin(row); origin && origin->subject == subject) {
-                codes << QString::number(origin->key);
-                file = origin->file;
-            }
+    for (const auto &[side, codes] : {std::pair(&payable(), payables), {&receivable(), receivables}})
         if (!codes.isEmpty() &&
-            settlecommands::settle(this, sideOf(subject), file, codes) == settlecommands::Outcome::Gone)
+            settlecommands::settle(this, *side, file, codes) == settlecommands::Outcome::Gone)
             refresh();
-    }
 }

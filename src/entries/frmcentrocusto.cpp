@@ -54,6 +54,7 @@ void frmCentroCusto::connectControls()
     connect(m_ui->cmdeditar, &QPushButton::clicked, this, &frmCentroCusto::rename);
     connect(m_ui->cmdremover, &QPushButton::clicked, this, &frmCentroCusto::remove);
     connect(m_ui->lstcentro, &ListView::rowActivated, this, &frmCentroCusto::rename);
+    connect(m_ui->lstcentro, &ListView::insertRequested, m_ui->txtnome, qOverload<>(&QWidget::setFocus));
     connect(m_ui->lstcentro, &ListView::removeRequested, this, &frmCentroCusto::remove);
     connect(m_ui->lstcentro->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &frmCentroCusto::allowCommands);

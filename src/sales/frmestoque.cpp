@@ -52,6 +52,8 @@ void frmestoque::connectControls()
     connect(m_ui->cmdnovoproduto, &QPushButton::clicked, this, [this] { frmcadproduto::openNew(this); });
     connect(m_ui->cmdalterarproduto, &QPushButton::clicked, this, &frmestoque::editSelected);
     connect(m_ui->cmdremoverproduto, &QPushButton::clicked, this, &frmestoque::removeSelected);
+    connect(m_ui->lstprodutos, &ListView::insertRequested, m_ui->cmdnovoproduto, &QPushButton::click);
+    connect(m_ui->lstprodutos, &ListView::removeRequested, this, &frmestoque::removeSelected);
     connect(m_ui->lstprodutos, &ListView::rowActivated, this, &frmestoque::editSelected);
     m_ui->lstprodutos->setContextMenuPolicy(Qt::ActionsContextMenu);
     for (QPushButton *button : {m_ui->cmdnovoproduto, m_ui->cmdalterarproduto, m_ui->cmdremoverproduto}) {
