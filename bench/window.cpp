@@ -1,5 +1,6 @@
 // What a command costs until the whole window shows its effect: list, totals line, filter boxes, balances.
 
+#include "analysis/todaypane.h"
 #include "app/frmprincipal.h"
 #include "bank/accountpane.h"
 #include "data.h"
@@ -28,7 +29,7 @@ void waitUntilIdle(QWidget &window)
         for (const ListPane *pane : window.findChildren<ListPane *>())
             if (pane->feed().isLoading() || pane->feed().serial() == 0)
                 return true;
-        return window.findChild<AccountPane *>()->isLoading();
+        return window.findChild<AccountPane *>()->isLoading() || window.findChild<TodayPane *>()->isLoading();
     };
     do
         QCoreApplication::processEvents();

@@ -72,7 +72,7 @@ void CashLinePane::paintGround(QPainter &painter, const QRectF &plot) const
     if (m_low < 0)
         painter.fillRect(QRectF(plot.left(), zero, plot.width(), plot.bottom() - zero),
                          QBrush(warning, Qt::BDiagPattern));
-    painter.setPen(QPen(palette().color(QPalette::Mid), 1, Qt::DashLine));
+    painter.setPen(QPen(palette().color(QPalette::PlaceholderText), 1, Qt::DashLine));
     painter.drawLine(QPointF(plot.left(), zero), QPointF(plot.right(), zero));
     painter.setPen(Qt::NoPen);
     painter.setBrush(warning);

@@ -37,6 +37,7 @@ TodayPane::TodayPane(AccountPane &accounts, QWidget *parent)
     m_ui->lsthoje->setEmptyText(u"Nada vencido e nada a vencer nos próximos %1 dias"_s.arg(TodayFacts::soon));
     m_ui->chkabrirhoje->setChecked(settings::isOn(settings::openToday));
     m_ui->lblaviso->hide();
+    m_ui->cmdcopias->hide();
     connectControls();
 }
 
@@ -51,7 +52,7 @@ void TodayPane::connectControls()
             open(row);
     });
     connect(m_ui->cmdbaixahoje, &QPushButton::clicked, this, &TodayPane::settle);
-    connect(m_ui->lblaviso, &QLabel::linkActivated, this, &TodayPane::copiesWanted);
+    connect(m_ui->cmdcopias, &QPushButton::clicked, this, &TodayPane::copiesWanted);
     connect(m_ui->chkabrirhoje, &QCheckBox::toggled, this, [this](bool on) {
         messages::guarded(window(), messages::generalPrefix,
                           [on] { settings::setValue(settings::openToday, on ? u"1"_s : u"0"_s); });
@@ -59,6 +60,15 @@ void TodayPane::connectControls()
     connect(&m_accounts, &AccountPane::loaded, this, &TodayPane::showBalances);
 }
 
+void TodayPane::readAll()
+{
+    m_mayRead = true;
+    m_isStale = true;
+    if (isVisible())
+        refresh();
+}
+
+/// Short work is done on return, the rest goes on while the window answers.
 void TodayPane::refresh()
 {
     messages::guarded(window(), messages::generalPrefix, [this] {
@@ -89,14 +99,14 @@ void TodayPane::follow(const Change &change)
         change.subject != Subject::Accounts && change.subject != Subject::Database)
         return;
     m_isStale = true;
-    if (isVisible())
+    if (m_mayRead && isVisible())
         refresh();
 }
 
 void TodayPane::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
-    if (m_isStale || m_facts.day != programclock::today())
+    if (m_mayRead && (m_isStale || m_facts.day != programclock::today()))
         refresh();
 }
 
@@ -108,8 +118,9 @@ void TodayPane::showFacts()
     showProjection();
     messages::guarded(window(), messages::generalPrefix, [this] { m_ui->primeirospassos->refresh(); });
     const QString warning = autobackup::warning(m_facts.day);
-    m_ui->lblaviso->setText(u"⚠ %1 <a href=\"copias\">Ver as cópias</a>"_s.arg(warning.toHtmlEscaped()));
-    m_ui->lblaviso->setVisible(!warning.isEmpty());
+    m_ui->lblaviso->setText(u"⚠ "_s + warning);
+    for (QWidget *part : std::initializer_list<QWidget *>{m_ui->lblaviso, m_ui->cmdcopias})
+        part->setVisible(!warning.isEmpty());
     Q_EMIT loaded();
 }
 

@@ -24,8 +24,9 @@ public:
     TodayPane(AccountPane &accounts, QWidget *parent);
     ~TodayPane() override;
 
-    /// Reads everything; short work is done on return, the rest goes on while the window answers.
-    void refresh();
+    /// Somebody is in, or everything is to be read anew: reads it now, or when it is looked at. Until the
+    /// first call nothing is read.
+    void readAll();
     /// Something was written: reads it now, or when it is looked at.
     void follow(const Change &change);
     /// While one of its own commands writes: what is announced then does not bring another tab to the front.
@@ -42,6 +43,7 @@ protected:
 
 private:
     void connectControls();
+    void refresh();
     void showFacts();
     void showBalances();
     void showProjection();
@@ -53,5 +55,6 @@ private:
     TodayFacts m_facts;
     SlicedWork m_work;
     bool m_isStale = true;
+    bool m_mayRead = false;
     bool m_isCommanding = false;
 };

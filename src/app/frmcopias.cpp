@@ -11,6 +11,7 @@
 #include "widgets/threadwork.h"
 
 #include <QDir>
+#include <QFile>
 #include <QHeaderView>
 #include <QSignalBlocker>
 
@@ -133,7 +134,10 @@ void frmCopias::restore()
             "mais nas listas; o estado de agora é guardado antes como mais uma cópia.\n\nDeseja "
             "restaurar esta cópia?"_s))
         return;
-    if (autobackup::hasNews() && !backupcommands::copyNow(this))
+    if (QFile::exists(databasePath()) && autobackup::hasNews() && !backupcommands::copyNow(this) &&
+        !messages::question(
+            this, copiesTitle,
+            u"O estado de agora não pôde ser guardado. Deseja restaurar a cópia assim mesmo?"_s))
         return;
     if (!threadwork::run(
             this, copiesTitle, u"A cópia está sendo conferida e posta no lugar do banco de dados."_s,

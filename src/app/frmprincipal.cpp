@@ -111,6 +111,8 @@ void frmPrincipal::start()
     reloadAll();
     connect(&m_day, &DayWatch::changed, this, [this] {
         showDate();
+        if (m_access->isIn())
+            m_tabs->dayChanged();
         alertDue();
         postRegulars();
         backupcommands::copyIfDue(this);

@@ -79,6 +79,7 @@ void MainTabs::show(Tab tab)
 
 void MainTabs::readAll()
 {
+    m_today->readAll();
     m_reader->readAll(m_tabs.currentIndex());
 }
 
@@ -128,6 +129,12 @@ void MainTabs::saveLayouts() const
     for (const auto &[pane, file] : layouts())
         shown.emplace_back(file, pane->list().layout());
     listlayout::saveAll(shown);
+}
+
+void MainTabs::dayChanged()
+{
+    m_today->readAll();
+    applyStyle();
 }
 
 void MainTabs::applyStyle()

@@ -46,6 +46,8 @@ public:
     /// Keeps the columns as they are now. Throws Error::Kind::File.
     void saveLayouts() const;
     void applyStyle();
+    /// Another day has begun: what is due is something else.
+    void dayChanged();
 
 private:
     QList<ListPane *> listPanes() const;

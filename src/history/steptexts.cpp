@@ -177,7 +177,7 @@ QString refusals(const std::vector<undo::Refusal> &refused)
             lines << u"e mais %1"_s.arg(refused.size() - most);
             break;
         }
-        const QString why[] = {u"foi alterado depois"_s, u"não existe mais"_s,
+        const QString why[] = {u"mudou depois"_s, u"não existe mais"_s,
                                u"outro registro ocupa o seu lugar ou tem o seu nome"_s};
         lines << withWords(refusal.row) + u" ("_s + why[int(refusal.reason)] + u')';
     }

@@ -1,4 +1,5 @@
 #include "settings/database.h"
+#include "settings/settings.h"
 #include "support/shop.h"
 
 #include <QListWidget>
@@ -79,11 +80,15 @@ void tst_access::loginAnswers()
 void tst_access::withoutLoginNothingIsShown()
 {
     Shop shop;
+    settings::setValue(settings::openToday, u"1"_s);
     shop.program.run(u"insert into banco (banco) values ('Caixa')"_s);
+    shop.program.run(
+        u"insert into pagar (estatus, vencimento, valor) values ('Pendente', '2026/11/14', '1,00')"_s);
     shop.program.run(u"update login_inicia set exigirlogin = '1'"_s);
     bool empty = false, off = false;
+    const auto due = [&shop] { return shop.window->findChild<ListView *>(u"lsthoje"_s)->rowCount(); };
     shop.boxes.drive([&](QDialog &dialog) {
-        empty = !shop.window->centralWidget()->isVisible();
+        empty = !shop.window->centralWidget()->isVisible() && due() == 0;
         auto *clients = shop.window->findChild<QAction *>(u"mnuclientes"_s);
         clients->trigger();
         off = !clients->isEnabled() && !shop.screen(u"frmCliente"_s);
@@ -98,6 +103,7 @@ void tst_access::withoutLoginNothingIsShown()
         "exclamation | Login | Não há nenhum usuário cadastrado, o software será iniciado para adicionar um "
         "usuário clique no menu principal, gerenciador de login e depois em configurar usuários."_s);
     QVERIFY(shop.window->centralWidget()->isVisible());
+    QTRY_COMPARE(due(), 1);
     shop.command(u"mnuclientes"_s);
     QVERIFY(shop.screen(u"frmCliente"_s));
 }

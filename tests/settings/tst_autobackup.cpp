@@ -232,6 +232,17 @@ void tst_autobackup::screenShowsWhatACopyHoldsAndPutsItBack()
     QCOMPARE(shop.list(u"lstcopias"_s)->rowCount(), 2); // what was there is a copy, too
     shop.list(u"lstcopias"_s)->selectRow(0);
     QVERIFY(linesOf(*shop.list(u"lstconteudo"_s)->tableSource()).contains(u"Contas a pagar | 1 | 0\n"_s));
+
+    closeDatabase(); // a damaged file is what copies are for
+    QVERIFY(QFile::resize(databasePath(), 5000));
+    shop.boxes.answer(QMessageBox::Yes);
+    shop.boxes.answer(QMessageBox::Ok); // why it could not be copied
+    shop.boxes.answer(QMessageBox::Yes);
+    shop.told();
+    shop.press(u"cmdrestaurar"_s);
+    const QString told = shop.told();
+    QVERIFY2(told.endsWith(u"Cópia restaurada com sucesso!"_s), qPrintable(told));
+    QCOMPARE(shop.program.rows(u"select descricao from pagar"_s), u"Luz\n"_s);
 }
 
 int main(int argc, char *argv[])
