@@ -1,11 +1,14 @@
 // From the start of a process to a window that shows its lists and answers.
 
+#include "analysis/today.h"
 #include "app/frmprincipal.h"
 #include "app/icons.h"
 #include "bank/movementlist.h"
 #include "data.h"
 #include "data/clock.h"
+#include "data/dates.h"
 #include "data/dialect.h"
+#include "data/dialect_dates.h"
 #include "entries/entryfilter.h"
 #include "floor.h"
 #include "idle.h"
@@ -20,7 +23,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The three lists as the main window asks for them, and the balances.
+/// The page Hoje and the three lists as the main window asks for them, and the balances.
 void readAll(Floor &floor)
 {
     const QDate today = programclock::today();
@@ -28,6 +31,11 @@ void readAll(Floor &floor)
                                entryfilter::query(receivable(), {}, today), movementlist::query({}, today)};
     for (const QString &query : queries)
         floor.readTexts(dialect::translate(query).sql.toUtf8());
+    const QString date = dialect::dateExpression(u"vencimento");
+    for (const Side *side : {&payable(), &receivable()})
+        floor.readTexts(u"SELECT %1, código, estatus, valor FROM %2 WHERE %1 <= '%3' ORDER BY %1, código"_s
+                            .arg(date, side->table, dates::stored(today.addDays(TodayFacts::days)))
+                            .toUtf8());
     floor.settledSums();
 }
 

@@ -29,13 +29,15 @@ ListReader::ListReader(QList<ListPane *> panes, AccountPane &accounts, QObject *
     });
 }
 
-void ListReader::readAll(int tab)
+void ListReader::readAll(int tab, Begin begin)
 {
     for (ListPane *pane : std::as_const(m_panes))
         m_unread.insert(pane);
     m_balancesWanted = true;
     startClock();
-    if (tab < m_panes.size())
+    if (begin == Begin::Later)
+        m_next.start();
+    else if (tab < m_panes.size())
         load(*m_panes[tab]);
     else
         loadNext();

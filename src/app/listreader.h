@@ -18,8 +18,12 @@ class ListReader : public QObject
 public:
     ListReader(QList<ListPane *> panes, AccountPane &accounts, QObject *parent);
 
+    enum class Begin {
+        Now,
+        Later ///< the window answers first: what is in front is still reading something else
+    };
     /// Everything anew. `tab` is the one in front; the accounts stand behind the lists.
-    void readAll(int tab);
+    void readAll(int tab, Begin begin = Begin::Now);
     /// A tab came to the front: it is read if it has not been yet; the accounts are computed every time.
     void show(int tab);
 

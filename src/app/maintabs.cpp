@@ -80,7 +80,8 @@ void MainTabs::show(Tab tab)
 void MainTabs::readAll()
 {
     m_today->readAll();
-    m_reader->readAll(m_tabs.currentIndex());
+    m_reader->readAll(m_tabs.currentIndex(),
+                      m_today->isLoading() ? ListReader::Begin::Later : ListReader::Begin::Now);
 }
 
 void MainTabs::follow(const Change &change)
