@@ -7,7 +7,6 @@
 #include <QJsonObject>
 
 #include <algorithm>
-#include <ranges>
 
 using namespace Qt::StringLiterals;
 
@@ -61,7 +60,7 @@ QString textOf(const QJsonValue &value)
 RowImage imageOf(const QJsonObject &row)
 {
     QStringList values;
-    for (const QJsonValue &value : row)
+    for (const QJsonValue value : row)
         values << textOf(value);
     return {row.keys(), values};
 }
@@ -226,10 +225,10 @@ undo::Outcome invert(Connection &connection, qint64 recorded, journal::Kind kind
     undo::Outcome outcome{of, false, {}};
     const std::vector<RecordedRow> rows = journal::rows(connection, recorded);
     Transaction transaction(connection);
-    for (const RecordedRow &row : rows | std::views::reverse) {
-        RowStep step(connection, row);
+    for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
+        RowStep step(connection, *row);
         if (const std::optional<Reason> reason = step.problem())
-            outcome.refused.push_back({row, *reason});
+            outcome.refused.push_back({*row, *reason});
         else
             step.make(transaction);
     }

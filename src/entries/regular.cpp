@@ -309,7 +309,7 @@ int post(Connection &connection, QDate today)
     };
     if (due().empty()) // mostly so, and then nobody is kept waiting
         return 0;
-    const journal::Author person = journal::author();
+    journal::Author person = journal::author(); // a copy: it is put back
     const auto back = qScopeGuard([&person] { journal::setAuthor(person); });
     journal::setAuthor({u"Contas regulares"_s, person.machine, {}});
     Transaction transaction(connection);

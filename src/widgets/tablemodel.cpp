@@ -5,6 +5,7 @@
 
 #include <QCollator>
 #include <QGuiApplication>
+#include <QPalette>
 
 #include <algorithm>
 #include <numeric>

@@ -5,6 +5,8 @@
 #include "support/shop.h"
 #include "widgets/listfinder.h"
 
+#include <QHeaderView>
+
 using namespace Qt::StringLiterals;
 
 namespace {
