@@ -164,8 +164,8 @@ ExitCode run(const QCommandLineParser &parser)
 
 int main(int argc, char *argv[])
 {
-    if (!qEnvironmentVariableIsSet(
-            "QT_LOGGING_RULES")) // a cron job has no session, which is no news to anybody
+    // A cron job has no desktop, which is no news to anybody.
+    if (!qEnvironmentVariableIsSet("QT_LOGGING_RULES"))
         qputenv("QT_LOGGING_RULES", "default.warning=false");
     qputenv("QT_QPA_PLATFORM", "offscreen"); // letters are measured, but nothing is shown
     QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
