@@ -121,7 +121,6 @@ void TodayPane::showFacts()
     m_ui->lblaviso->setText(u"⚠ "_s + warning);
     for (QWidget *part : std::initializer_list<QWidget *>{m_ui->lblaviso, m_ui->cmdcopias})
         part->setVisible(!warning.isEmpty());
-    Q_EMIT loaded();
 }
 
 void TodayPane::showBalances()

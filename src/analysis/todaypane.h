@@ -34,7 +34,6 @@ public:
     bool isLoading() const { return m_work.isRunning(); }
 
 Q_SIGNALS:
-    void loaded();
     /// The user wants the automatic copies.
     void copiesWanted();
 

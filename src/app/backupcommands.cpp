@@ -48,11 +48,12 @@ bool restore(QWidget *parent)
     return restored;
 }
 
-bool copyNow(QWidget *parent)
+bool copyNow(QWidget *parent, const QString &spared)
 {
     autobackup::Plan plan;
     if (!messages::guarded(parent, messages::generalPrefix, [&plan] { plan = autobackup::plan(); }))
         return false;
+    plan.spared = spared;
     const bool made = threadwork::run(parent, u"Cópia automática"_s,
                                       u"O banco de dados está sendo copiado e a cópia conferida."_s,
                                       [&plan](Progress &progress) { autobackup::make(plan, progress); });

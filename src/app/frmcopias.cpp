@@ -127,21 +127,21 @@ void frmCopias::copyNow()
 /// What is there now becomes a copy first, so that a restore can be taken back, too.
 void frmCopias::restore()
 {
-    const QString chosen = m_shown;
+    const QString chosen = m_shown, live = databasePath();
     if (!messages::question(
             this, copiesTitle,
             u"O banco de dados passa a ser o desta cópia. O que foi lançado depois dela não estará "
             "mais nas listas; o estado de agora é guardado antes como mais uma cópia.\n\nDeseja "
             "restaurar esta cópia?"_s))
         return;
-    if (QFile::exists(databasePath()) && autobackup::hasNews() && !backupcommands::copyNow(this) &&
+    if (QFile::exists(live) && autobackup::hasNews() && !backupcommands::copyNow(this, chosen) &&
         !messages::question(
             this, copiesTitle,
             u"O estado de agora não pôde ser guardado. Deseja restaurar a cópia assim mesmo?"_s))
         return;
-    if (!threadwork::run(
-            this, copiesTitle, u"A cópia está sendo conferida e posta no lugar do banco de dados."_s,
-            [&](Progress &progress) { databasecopy::restore(chosen, databasePath(), progress); }))
+    if (!threadwork::run(this, copiesTitle,
+                         u"A cópia está sendo conferida e posta no lugar do banco de dados."_s,
+                         [&](Progress &progress) { databasecopy::restore(chosen, live, progress); }))
         return;
     load([](Connection &) {}); // another file is noticed, and everything read anew
     showCopies();

@@ -90,14 +90,15 @@ void MainTabs::follow(const Change &change)
     ListPane *pane = paneOf(change.subject);
     if (!pane && change.subject != Subject::Accounts)
         return;
-    const bool ownCommand = pane ? pane->isCommanding() : m_accounts->isCommanding();
+    const bool ownCommand =
+        m_today->isCommanding() || (pane ? pane->isCommanding() : m_accounts->isCommanding());
     if (!ownCommand && !settings::isOn(settings::refreshMainWindow)) {
         if (pane)
             pane->skip();
         m_accounts->skip();
         return;
     }
-    if (!ownCommand && !m_isQuiet && !m_today->isCommanding())
+    if (!ownCommand && !m_isQuiet)
         show(pane ? Tab(listPanes().indexOf(pane)) : Accounts);
     if (pane)
         pane->follow(change);

@@ -2,6 +2,7 @@
 
 #include "data/clock.h"
 #include "data/connection.h"
+#include "data/schema.h"
 
 using namespace Qt::StringLiterals;
 
@@ -18,13 +19,6 @@ const QString kindLetters = u"FDR"_s; // feito, desfeito, refeito
 QString letter(journal::Kind kind)
 {
     return kindLetters.mid(int(kind), 1);
-}
-
-bool hasTables(Connection &connection)
-{
-    Statement found = connection.prepareNative(
-        "SELECT count(*) FROM sqlite_master WHERE type='table' AND name IN ('historico', 'historico_linha')");
-    return found.step() && found.integer(0) == 2;
 }
 
 qint64 highest(Connection &connection, const QByteArray &table)
@@ -83,7 +77,7 @@ const QStringList &tables()
 
 void keep(Connection &connection)
 {
-    if (hasTables(connection))
+    if (schema::hasLaterTables(connection))
         connection.recordRows(tables(), [&connection] { writeStep(connection); });
 }
 

@@ -122,8 +122,10 @@ Plan plan()
     if (!QDir().mkpath(place))
         throw Error(Error::Kind::File, u"a pasta das cópias \"%1\" não pôde ser criada."_s.arg(place));
     const QString database = databasePath();
-    return {database, place + u'/' + prefix + programclock::now().toString(timeForm) + suffix,
-            stateOf(database)};
+    return {database,
+            place + u'/' + prefix + programclock::now().toString(timeForm) + suffix,
+            stateOf(database),
+            {}};
 }
 
 void make(const Plan &plan, Progress &progress)
@@ -131,7 +133,8 @@ void make(const Plan &plan, Progress &progress)
     databasecopy::backUp(plan.database, plan.target, progress);
     const QString place = QFileInfo(plan.target).path(); // settings belong to the main thread
     for (const Copy &copy : surplus(copiesIn(place)))
-        QFile::remove(copy.path);
+        if (copy.path != plan.spared)
+            QFile::remove(copy.path);
     removeUnfinished(place);
 }
 

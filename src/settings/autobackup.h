@@ -40,7 +40,8 @@ bool hasNews();
 struct Plan
 {
     QString database, target;
-    QString state; ///< of the database, before it is copied
+    QString state;       ///< of the database, before it is copied
+    QString spared = {}; ///< an older copy that stays even if it is surplus: it is about to be restored
 };
 /// What a copy now would be; makes the folder. Throws Error::Kind::File when it cannot be made.
 Plan plan();

@@ -82,7 +82,7 @@ void ListFinder::suspend()
 
 void ListFinder::resume()
 {
-    if (std::exchange(m_suspended, false) && m_bar->isVisible())
+    if (std::exchange(m_suspended, false) && !m_bar->isHidden()) // the list may stand in a tab at the back
         readRows();
 }
 

@@ -233,6 +233,14 @@ void tst_autobackup::screenShowsWhatACopyHoldsAndPutsItBack()
     shop.list(u"lstcopias"_s)->selectRow(0);
     QVERIFY(linesOf(*shop.list(u"lstconteudo"_s)->tableSource()).contains(u"Contas a pagar | 1 | 0\n"_s));
 
+    // A copy of the same day, which the one made before the restore would drive out.
+    programclock::set(QDateTime(QDate(2026, 11, 15), QTime(11, 0)));
+    addRow(shop.program, u"pagar"_s, u"descricao=Gás, valor=1,00"_s);
+    shop.boxes.answer(QMessageBox::Yes);
+    shop.press(u"cmdrestaurar"_s);
+    QVERIFY(shop.told().endsWith(u"Cópia restaurada com sucesso!"_s));
+    QCOMPARE(shop.program.rows(u"select descricao from pagar"_s), u"Luz\n"_s);
+
     closeDatabase(); // a damaged file is what copies are for
     QVERIFY(QFile::resize(databasePath(), 5000));
     shop.boxes.answer(QMessageBox::Yes);
@@ -242,7 +250,7 @@ void tst_autobackup::screenShowsWhatACopyHoldsAndPutsItBack()
     shop.press(u"cmdrestaurar"_s);
     const QString told = shop.told();
     QVERIFY2(told.endsWith(u"Cópia restaurada com sucesso!"_s), qPrintable(told));
-    QCOMPARE(shop.program.rows(u"select descricao from pagar"_s), u"Luz\n"_s);
+    QCOMPARE(shop.program.rows(u"select descricao from pagar"_s), u"Gás\n"_s);
 }
 
 int main(int argc, char *argv[])

@@ -169,6 +169,11 @@ void tst_finder::listThatIsReadAnewStaysNarrowed()
     addPayables(shop, {u"Luz da loja"_s});
     shop.command(u"mnuatualizarlistas"_s);
     QTRY_COMPARE(descriptions(list, 2), u"Luz Luz da loja"_s);
+    auto *tabs = shop.find<QTabWidget>(u"tabprincipal"_s); // also while it stands at the back
+    tabs->setCurrentIndex(MainTabs::Accounts);
+    shop.command(u"mnuatualizarlistas"_s);
+    tabs->setCurrentIndex(MainTabs::Payables);
+    QTRY_COMPARE(descriptions(list, 2), u"Luz Luz da loja"_s);
 }
 
 QTEST_MAIN(tst_finder)
